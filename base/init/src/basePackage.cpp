@@ -1,0 +1,21 @@
+#include <orn/base/init/inInit.h>
+
+namespace Orn {
+
+template <>
+InInit<OrnInit::base>::InInit() : InPackageInit("base") {
+  registerPackage();
+}
+
+// The base layer has nothing to set up: its services start on first use.
+template <>
+void InInit<OrnInit::base>::initialize() {}
+
+template <>
+void InInit<OrnInit::base>::finalize() {}
+
+namespace {
+InInit<OrnInit::base> basePackage;
+}
+
+}  // namespace Orn

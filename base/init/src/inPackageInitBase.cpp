@@ -1,0 +1,7 @@
+#include <orn/base/init/inPackageInitBase.h>
+
+namespace Orn {
+
+InPackageInitBase::~InPackageInitBase() = default;
+
+}  // namespace Orn

@@ -1,0 +1,7 @@
+#include <orn/base/init/inVariableBase.h>
+
+namespace Orn {
+
+InVariableBase::~InVariableBase() = default;
+
+}  // namespace Orn
