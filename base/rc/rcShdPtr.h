@@ -4,7 +4,9 @@
 #include <orn/base/rc/rcBase.h>
 #include <orn/base/rc/rcEx.h>
 
+#include <functional>
 #include <ostream>
+#include <type_traits>
 #include <typeinfo>
 
 namespace Orn {
@@ -25,11 +27,14 @@ public:
 
   // "Pointee type = <dynamic type>, T type = <static type>, ref: <count>, pointer:<address>,
   // RCBase pointer: <address as base>".
-  void dump(std::ostream& out) const {
-    out << "Pointee type = " << (_pointee ? demangleTypeName(typeid(*_pointee).name()) : std::string("null"))
-        << ", T type = " << typeNameOf<T>() << ", ref: " << (_pointee ? _pointee->getRefCount() : 0)
-        << ", pointer:" << static_cast<void const*>(_pointee)
-        << ", RCBase pointer: " << static_cast<void const*>(asBase(_pointee));
+  void dump(std::ostream& out) const { dumpPointer(out, _pointee); }
+
+  // The text of dump() for any pointee of static type T; other handles share it.
+  static void dumpPointer(std::ostream& out, T const* pointee) {
+    out << "Pointee type = " << (pointee ? demangleTypeName(typeid(*pointee).name()) : std::string("null"))
+        << ", T type = " << typeNameOf<T>() << ", ref: " << (pointee ? pointee->getRefCount() : 0)
+        << ", pointer:" << static_cast<void const*>(pointee)
+        << ", RCBase pointer: " << static_cast<void const*>(asBase(pointee));
   }
 
 protected:
@@ -40,7 +45,6 @@ protected:
   static void const* asBase(RCBase<C> const* p) {
     return p;
   }
-  static void const* asBase(std::nullptr_t) { return nullptr; }
 
   T* _pointee;
 };
@@ -87,6 +91,7 @@ public:
   }
 
   friend bool operator==(RCShdPtr const& a, RCShdPtr const& b) { return a._pointee == b._pointee; }
+  friend bool operator<(RCShdPtr const& a, RCShdPtr const& b) { return std::less<T*>()(a._pointee, b._pointee); }
 
 private:
   RCShdPtr& assign(T* pointee) {

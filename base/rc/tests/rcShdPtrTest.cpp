@@ -1,0 +1,102 @@
+#include <orn/base/rc/rcShdPtr.h>
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <thread>
+#include <vector>
+
+using namespace Orn;
+
+namespace {
+
+struct Node : RCBase<> {
+  static inline int alive = 0;
+  explicit Node(int v) : value(v) { ++alive; }
+  ~Node() override { --alive; }
+  int value;
+  RCShdPtr<Node> next;
+};
+
+struct Padding {
+  virtual ~Padding() = default;
+  double pad = 0;
+};
+struct Counted : RCBase<> {};
+// The counted part is not the first base: its address differs from the object's.
+struct Shifted : Padding, Counted {};
+
+}  // namespace
+
+TEST(RCShdPtrTest, AssignmentKeepsCountsRight) {
+  RCShdPtr<Node> a(new Node(1));
+  a = a;
+  EXPECT_EQ(a->getRefCount(), 1);
+  EXPECT_EQ(Node::alive, 1);
+
+  // The only owner of node 1 is replaced by a pointer that node 1 holds.
+  a->next = new Node(2);
+  a = a->next;
+  EXPECT_EQ(a->value, 2);
+  EXPECT_EQ(a->getRefCount(), 1);
+  EXPECT_EQ(Node::alive, 1);
+  a.reset();
+  EXPECT_EQ(Node::alive, 0);
+}
+
+TEST(RCShdPtrTest, NullDereferenceNamesType) {
+  RCShdPtr<Node> p;
+  EXPECT_TRUE(p.isNull());
+  try {
+    p->value = 1;
+    FAIL();
+  } catch (RCEx::ExNullPtr const& e) {
+    EXPECT_NE(std::string(e.getReason()).find("Node"), std::string::npos);
+  }
+  EXPECT_THROW(*p, RCEx::ExNullPtr);
+}
+
+TEST(RCShdPtrTest, DynamicCastFailureRaises) {
+  RCShdPtr<RCBase<>> p(new Node(1));
+  EXPECT_THROW(p.dynamicCast<Shifted>(), RCEx::ExCastFailed);
+  RCShdPtr<Node> n = p.dynamicCast<Node>();
+  EXPECT_EQ(n->getRefCount(), 2);
+}
+
+TEST(RCShdPtrTest, DumpWritesTypesCountAndBothAddresses) {
+  Shifted* raw = new Shifted;
+  void* const counted = static_cast<RCBase<>*>(raw);
+  ASSERT_NE(static_cast<void*>(raw), counted);
+  RCShdPtr<Counted> p(raw);
+  RCShdPtr<Shifted> q(raw);
+  std::ostringstream expectedQ, outQ, expectedP, outP;
+  expectedQ << "Pointee type = " << typeNameOf<Shifted>() << ", T type = " << typeNameOf<Shifted>()
+            << ", ref: 2, pointer:" << static_cast<void*>(raw) << ", RCBase pointer: " << counted;
+  q.dump(outQ);
+  EXPECT_EQ(outQ.str(), expectedQ.str());
+  expectedP << "Pointee type = " << typeNameOf<Shifted>() << ", T type = " << typeNameOf<Counted>()
+            << ", ref: 2, pointer:" << counted << ", RCBase pointer: " << counted;
+  p.dump(outP);
+  EXPECT_EQ(outP.str(), expectedP.str());
+
+  std::ostringstream nullOut;
+  RCShdPtr<Node>().dump(nullOut);
+  EXPECT_EQ(nullOut.str().rfind("Pointee type = null, T type = " + typeNameOf<Node>() + ", ref: 0, pointer:", 0), 0u);
+}
+
+TEST(RCShdPtrTest, CopiesOnSeveralThreadsKeepTheCount) {
+  RCShdPtr<Node> shared(new Node(7));
+  std::vector<std::thread> threads;
+  for (int t = 0; t < 4; ++t)
+    threads.emplace_back([&shared] {
+      for (int i = 0; i < 20000; ++i) {
+        RCShdPtr<Node> copy(shared);
+        RCShdPtr<Node> other;
+        other = copy;
+      }
+    });
+  for (auto& t : threads) t.join();
+  EXPECT_EQ(shared->getRefCount(), 1);
+  shared.reset();
+  EXPECT_EQ(Node::alive, 0);
+}
