@@ -5,6 +5,7 @@
 // registerPackage, then addDependency for each needed package) and its two steps as explicit
 // specialisations, and creates one static object:
 //
+//   template <> std::type_info const& InInit<OrnInit::color>::getType() { return typeid(InInit<OrnInit::color>); }
 //   template <> InInit<OrnInit::color>::InInit() : InPackageInit("color") {
 //     registerPackage();
 //     addDependency(&InInit<OrnInit::base>::getType());
@@ -26,8 +27,9 @@ public:
   InInit();
   ~InInit() override {}
 
-  // What a dependent package names as its dependency.
-  static std::type_info const& getType() { return typeid(InInit); }
+  // What a dependent package names as its dependency. It is defined in the package's own library,
+  // so that naming a dependency also links the library that provides it.
+  static std::type_info const& getType();
 
   void initialize() override;
   void finalize() override;
@@ -39,5 +41,39 @@ public:
 private:
   inline static unsigned char _initialized = 0;
 };
+
+// Defined by each package's library.
+template <>
+std::type_info const& InInit<OrnInit::base>::getType();
+template <>
+std::type_info const& InInit<OrnInit::resmgt>::getType();
+template <>
+std::type_info const& InInit<OrnInit::random>::getType();
+template <>
+std::type_info const& InInit<OrnInit::pluginAPI>::getType();
+template <>
+std::type_info const& InInit<OrnInit::primitives>::getType();
+template <>
+std::type_info const& InInit<OrnInit::timeCurves>::getType();
+template <>
+std::type_info const& InInit<OrnInit::projectors>::getType();
+template <>
+std::type_info const& InInit<OrnInit::viewing>::getType();
+template <>
+std::type_info const& InInit<OrnInit::sceneObjects>::getType();
+template <>
+std::type_info const& InInit<OrnInit::scene>::getType();
+template <>
+std::type_info const& InInit<OrnInit::formats>::getType();
+template <>
+std::type_info const& InInit<OrnInit::imageProc>::getType();
+template <>
+std::type_info const& InInit<OrnInit::color>::getType();
+template <>
+std::type_info const& InInit<OrnInit::bezierCurves>::getType();
+template <>
+std::type_info const& InInit<OrnInit::geometry>::getType();
+template <>
+std::type_info const& InInit<OrnInit::image>::getType();
 
 }  // namespace Orn

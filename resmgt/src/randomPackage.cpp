@@ -3,6 +3,11 @@
 namespace Orn {
 
 template <>
+std::type_info const& InInit<OrnInit::random>::getType() {
+  return typeid(InInit<OrnInit::random>);
+}
+
+template <>
 InInit<OrnInit::random>::InInit() : InPackageInit("random") {
   registerPackage();
   addDependency(&InInit<OrnInit::resmgt>::getType());

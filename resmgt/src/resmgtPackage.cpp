@@ -5,6 +5,11 @@
 namespace Orn {
 
 template <>
+std::type_info const& InInit<OrnInit::resmgt>::getType() {
+  return typeid(InInit<OrnInit::resmgt>);
+}
+
+template <>
 InInit<OrnInit::resmgt>::InInit() : InPackageInit("resmgt") {
   registerPackage();
   addDependency(&InInit<OrnInit::base>::getType());

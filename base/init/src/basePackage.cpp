@@ -3,6 +3,11 @@
 namespace Orn {
 
 template <>
+std::type_info const& InInit<OrnInit::base>::getType() {
+  return typeid(InInit<OrnInit::base>);
+}
+
+template <>
 InInit<OrnInit::base>::InInit() : InPackageInit("base") {
   registerPackage();
 }
