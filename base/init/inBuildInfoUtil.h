@@ -2,6 +2,7 @@
 // Registry of the build records of the libraries of the process.
 
 #include <orn/base/init/inBuildInfo.h>
+#include <orn/base/rc/oPtr.h>
 
 #include <cstddef>
 #include <memory>
@@ -13,6 +14,7 @@ class InBuildInfoUtil {
 public:
   // Takes ownership of a record and returns the stored record. The records live until the end of
   // the process; registering a null record is an assertion failure.
+  static InBuildInfo const& registerInfo(OPtr<InBuildInfo> info);
   static InBuildInfo const& registerInfo(std::unique_ptr<InBuildInfo> info);
 
   static std::size_t getNbInfos();

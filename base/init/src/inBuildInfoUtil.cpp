@@ -22,6 +22,10 @@ Records& records() {
 
 }  // namespace
 
+InBuildInfo const& InBuildInfoUtil::registerInfo(OPtr<InBuildInfo> info) {
+  return registerInfo(std::unique_ptr<InBuildInfo>(info.release()));
+}
+
 InBuildInfo const& InBuildInfoUtil::registerInfo(std::unique_ptr<InBuildInfo> info) {
   ORN_ASSERT(info != nullptr);
   Records& r = records();

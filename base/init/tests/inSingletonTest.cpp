@@ -75,8 +75,12 @@ TEST(InBuildInfoUtil, KeepsRecordsAndDerivesTheBuildKindText) {
   EXPECT_EQ(stored.getBuildKindText(), "dev");
   InBuildInfo const& other = InBuildInfoUtil::registerInfo(std::make_unique<TestBuildInfo>("libTestB", 8));
   EXPECT_EQ(other.getBuildKindText(), "");
+  OPtr<InBuildInfo> sole(new TestBuildInfo("libTestC", 1));
+  InBuildInfo const* const soleRaw = sole.get();
+  EXPECT_EQ(&InBuildInfoUtil::registerInfo(sole), soleRaw);
+  EXPECT_TRUE(sole.isNull());
 
-  EXPECT_EQ(InBuildInfoUtil::getNbInfos(), before + 2);
+  EXPECT_EQ(InBuildInfoUtil::getNbInfos(), before + 3);
   EXPECT_EQ(&InBuildInfoUtil::getInfo(before), raw);
   EXPECT_EQ(InBuildInfoUtil::findInfo("libTestB"), &other);
   EXPECT_EQ(InBuildInfoUtil::findInfo("libNone"), nullptr);

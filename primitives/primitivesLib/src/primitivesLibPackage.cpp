@@ -2,8 +2,6 @@
 #include <orn/base/init/inInit.h>
 #include <orn/primitives/primitivesLib/libraryBuildInfo.h>
 
-#include <memory>
-
 namespace Orn {
 
 template <>
@@ -33,7 +31,7 @@ InInit<OrnInit::primitives>::InInit() : InPackageInit("primitives") {
 // Publishes the build record of the library.
 template <>
 void InInit<OrnInit::primitives>::initialize() {
-  InBuildInfoUtil::registerInfo(std::make_unique<LibraryBuildInfo>());
+  InBuildInfoUtil::registerInfo(OPtr<InBuildInfo>(new LibraryBuildInfo));
 }
 
 template <>
