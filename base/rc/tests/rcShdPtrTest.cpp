@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <thread>
-#include <vector>
 
 using namespace Orn;
 
@@ -32,8 +30,6 @@ TEST(RCShdPtrTest, AssignmentKeepsCountsRight) {
   RCShdPtr<Node> a(new Node(1));
   a = a;
   EXPECT_EQ(a->getRefCount(), 1);
-  EXPECT_EQ(Node::alive, 1);
-
   // The only owner of node 1 is replaced by a pointer that node 1 holds.
   a->next = new Node(2);
   a = a->next;
@@ -44,7 +40,7 @@ TEST(RCShdPtrTest, AssignmentKeepsCountsRight) {
   EXPECT_EQ(Node::alive, 0);
 }
 
-TEST(RCShdPtrTest, NullDereferenceNamesType) {
+TEST(RCShdPtrTest, NullDereferenceAndFailedCastRaise) {
   RCShdPtr<Node> p;
   EXPECT_TRUE(p.isNull());
   try {
@@ -53,14 +49,9 @@ TEST(RCShdPtrTest, NullDereferenceNamesType) {
   } catch (RCEx::ExNullPtr const& e) {
     EXPECT_NE(std::string(e.getReason()).find("Node"), std::string::npos);
   }
-  EXPECT_THROW(*p, RCEx::ExNullPtr);
-}
-
-TEST(RCShdPtrTest, DynamicCastFailureRaises) {
-  RCShdPtr<RCBase<>> p(new Node(1));
-  EXPECT_THROW(p.dynamicCast<Shifted>(), RCEx::ExCastFailed);
-  RCShdPtr<Node> n = p.dynamicCast<Node>();
-  EXPECT_EQ(n->getRefCount(), 2);
+  RCShdPtr<RCBase<>> base(new Node(1));
+  EXPECT_THROW(base.dynamicCast<Shifted>(), RCEx::ExCastFailed);
+  EXPECT_EQ(base.dynamicCast<Node>()->getRefCount(), 2);
 }
 
 TEST(RCShdPtrTest, DumpWritesTypesCountAndBothAddresses) {
@@ -82,21 +73,4 @@ TEST(RCShdPtrTest, DumpWritesTypesCountAndBothAddresses) {
   std::ostringstream nullOut;
   RCShdPtr<Node>().dump(nullOut);
   EXPECT_EQ(nullOut.str().rfind("Pointee type = null, T type = " + typeNameOf<Node>() + ", ref: 0, pointer:", 0), 0u);
-}
-
-TEST(RCShdPtrTest, CopiesOnSeveralThreadsKeepTheCount) {
-  RCShdPtr<Node> shared(new Node(7));
-  std::vector<std::thread> threads;
-  for (int t = 0; t < 4; ++t)
-    threads.emplace_back([&shared] {
-      for (int i = 0; i < 20000; ++i) {
-        RCShdPtr<Node> copy(shared);
-        RCShdPtr<Node> other;
-        other = copy;
-      }
-    });
-  for (auto& t : threads) t.join();
-  EXPECT_EQ(shared->getRefCount(), 1);
-  shared.reset();
-  EXPECT_EQ(Node::alive, 0);
 }
