@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <vector>
 
@@ -29,43 +28,27 @@ ExpectedRate const expected[] = {{"RATE_23_976", 24000, 1001}, {"RATE_24", 24, 1
                                  {"RATE_29_97", 30000, 1001},  {"RATE_30", 30, 1},   {"RATE_50", 50, 1},
                                  {"RATE_59_94", 60000, 1001},  {"RATE_60", 60, 1}};
 
+template <class Ex, class F>
+bool raises(F f) {
+  try {
+    f();
+  } catch (Ex const&) {
+    return true;
+  } catch (...) {
+  }
+  return false;
+}
+
 // Walks the registry through its life in a fresh process; returns the number of the failed check.
 int runLifecycle() {
-  int check = 0;
-  auto fails = [&check](bool ok) {
-    ++check;
-    if (!ok) std::fprintf(stderr, "lifecycle check %d failed\n", check);
-    return !ok;
-  };
-  bool raised = false;
-  try {
-    LiRateRegistry::getInstance();
-  } catch (InSingletonEx::ExNotInitialized const&) {
-    raised = true;
-  }
-  if (fails(raised)) return check;
-
+  if (!raises<InSingletonEx::ExNotInitialized>([] { LiRateRegistry::getInstance(); })) return 1;
   InInitService::initialize();
-  if (fails(LiRateRegistry::getInstance().get(2).getRate() == Rational(25, 1))) return check;
-
+  if (LiRateRegistry::getInstance().get(2).getRate() != Rational(25, 1)) return 2;
   InInitService::finalize();
-  raised = false;
-  try {
-    LiRateRegistry::getInstance();
-  } catch (InSingletonEx::ExAlreadyDestroyed const&) {
-    raised = true;
-  }
-  if (fails(raised)) return check;
-
+  if (!raises<InSingletonEx::ExAlreadyDestroyed>([] { LiRateRegistry::getInstance(); })) return 3;
   // The registry does not come back: a new start-up fails in the resmgt step.
-  raised = false;
-  try {
-    InInitService::initialize();
-  } catch (InSingletonEx::ExAlreadyDestroyed const&) {
-    raised = true;
-  }
-  if (fails(raised && !InInitService::isInitialized())) return check;
-  return 0;
+  if (!raises<InSingletonEx::ExAlreadyDestroyed>([] { InInitService::initialize(); })) return 4;
+  return InInitService::isInitialized() ? 5 : 0;
 }
 
 }  // namespace
