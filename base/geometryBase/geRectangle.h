@@ -4,6 +4,7 @@
 
 #include <orn/base/geometryBase/geInterval.h>
 #include <orn/base/geometryBase/gePoint2.h>
+#include <orn/base/geometryBase/geStreamUtil.h>
 
 #include <istream>
 #include <ostream>
@@ -41,10 +42,16 @@ public:
   bool contains(GePoint2<T> const& p) const { return _x.contains(p.x) && _y.contains(p.y); }
   bool contains(T x, T y) const { return _x.contains(x) && _y.contains(y); }
 
+  // The common part; empty when they don't overlap.
+  GeRectangle getIntersection(GeRectangle const& o) const {
+    return GeRectangle(_x.getIntersection(o._x), _y.getIntersection(o._y));
+  }
+
   bool operator==(GeRectangle const& o) const { return _x == o._x && _y == o._y; }
   bool operator!=(GeRectangle const& o) const { return !(*this == o); }
 
-  void dump(std::ostream& out) const { out << x1() << ' ' << x2() << ' ' << y1() << ' ' << y2(); }
+  // x1 x2 y1 y2, the field order.
+  void dump(std::ostream& out) const { GeStreamUtil::writeFields(out, x1(), x2(), y1(), y2()); }
   void read(std::istream& in) { in >> x1() >> x2() >> y1() >> y2(); }
 
 private:
