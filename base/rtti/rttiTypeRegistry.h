@@ -3,6 +3,8 @@
 // themselves when created. When the last record is removed, the registry destroys itself for
 // good: its singleton then stays DESTROYED and getInstance() returns null.
 
+#include <orn/base/singleton/lkSingleton.h>
+
 #include <ostream>
 
 namespace Orn {
