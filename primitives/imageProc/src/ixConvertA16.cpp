@@ -1,0 +1,50 @@
+// Conversions of one-component half tiles.
+
+#include "ixConvertImp.h"
+
+namespace Orn {
+namespace IxConvertImp {
+
+namespace {
+
+using PixelA16 = IxPixel<IxPixelCompFloat16, 1>;
+
+void readBlocks(Rgba* dst, PixelA16 const* src, unsigned n) {
+  ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
+  ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
+  for (unsigned i = 0; i < n; ++i) dst[i] = Rgba(0.f, 0.f, 0.f, src[i][0].get());
+}
+
+void writeBlocks(PixelA16* dst, Rgba const* src, unsigned n) {
+  ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
+  ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
+  clearFlushToZero();
+  for (unsigned i = 0; i < n; ++i) dst[i][0].value = blockToHalf(src[i].a);
+}
+
+}  // namespace
+
+void readA16(float* dst, Uchar const* src, unsigned n) {
+  PixelA16 const* const s = reinterpret_cast<PixelA16 const*>(src);
+  for (unsigned i = 0; i < n; ++i) dst[i] = s[i][0].get();
+}
+
+void readA16(Rgba* dst, Uchar const* src, unsigned n) {
+  convertInStages<8>(
+      dst, reinterpret_cast<PixelA16 const*>(src), n,
+      [](Rgba& d, PixelA16 const& s) { d = Rgba(0.f, 0.f, 0.f, s[0].get()); }, readBlocks);
+}
+
+// Per pixel throughout: a float line never takes the block rounding.
+void writeA16(Uchar* dst, float const* src, unsigned n) {
+  PixelA16* const d = reinterpret_cast<PixelA16*>(dst);
+  for (unsigned i = 0; i < n; ++i) d[i][0].set(src[i]);
+}
+
+void writeA16(Uchar* dst, Rgba const* src, unsigned n) {
+  convertInStages<8>(
+      reinterpret_cast<PixelA16*>(dst), src, n, [](PixelA16& d, Rgba const& s) { d[0].set(s.a); }, writeBlocks);
+}
+
+}  // namespace IxConvertImp
+}  // namespace Orn
