@@ -52,8 +52,9 @@ public:
 
   // Number of segments that the ray from point towards +x crosses. A segment counts when its ends
   // lie on either side of the ray's line, an end on the line counting as below, so a vertex on
-  // the ray is counted once. An odd count on a closed outline means the point is inside.
-  static int getCrossings(Vector<GePoint2<T>> const& polyline, GePoint2<T> const& point, bool closed = false) {
+  // the ray is counted once. An odd count means the point is inside. The outline is closed by
+  // default (a repeated first point adds nothing); closed false leaves out the last segment.
+  static int getCrossings(Vector<GePoint2<T>> const& polyline, GePoint2<T> const& point, bool closed = true) {
     int crossings = 0;
     forEachSegment(polyline, closed, [&](GePoint2<T> const& a, GePoint2<T> const& b) {
       if ((a.y > point.y) != (b.y > point.y)) {

@@ -57,19 +57,28 @@ TEST(GeQuaternion3, MatrixRoundTripAndProductOrder) {
   EXPECT_NEAR(back.z, q.z, 1e-12);
   EXPECT_NEAR(back.w, q.w, 1e-12);
 
-  // Half a turn about x has no w to divide by; a scale before the rotation is removed.
+  // Half a turn about x has no w to divide by.
   Q const half(V(1, 0, 0), M_PI);
   GeAffineMatrix3<double> h;
   half.getMatrix(h);
-  for (int c = 0; c < 3; ++c) h(0, c) *= 2;
   back.setMatrix(h, 1e-9);
   EXPECT_NEAR(std::fabs(back.x), 1, 1e-12);
   EXPECT_NEAR(back.getNorm(), 1, 1e-12);
 
+  // A scale applied before the rotation is removed.
+  for (int r = 0; r < 3; ++r)
+    for (int c = 0; c < 3; ++c) a(r, c) *= 0.5 + r;
+  back.setMatrix(a, 1e-9);
+  EXPECT_NEAR(back.x, q.x, 1e-12);
+  EXPECT_NEAR(back.y, q.y, 1e-12);
+  EXPECT_NEAR(back.w, q.w, 1e-12);
+
   // a * b turns by b first.
-  Q const b(V(1, 0, 0), 0.8);
+  Q const b(V(1, 2, -1), 0.8);
   V const v(0.2, 1, -3);
   expectNear((quarterZ * b).rotate(v), quarterZ.rotate(b.rotate(v)), 1e-14);
+  expectNear((q * b).rotate(v), q.rotate(b.rotate(v)), 1e-14);
+  expectNear((b * q).rotate(v), b.rotate(q.rotate(v)), 1e-14);
   L mb, mab;
   b.getMatrix(mb);
   (quarterZ * b).getMatrix(mab);

@@ -38,21 +38,22 @@ TEST(GeVector2Utils, NearestPointOnASegmentIsClamped) {
 TEST(GeVector2Utils, CrossingsGiveAnEvenOddInsideTestOnAConcaveOutline) {
   // A U open at the top: the notch 1 < x < 2, y > 1 is outside.
   Vector<P> const u = {P(0, 0), P(3, 0), P(3, 3), P(2, 3), P(2, 1), P(1, 1), P(1, 3), P(0, 3)};
-  auto inside = [&u](P const& p) { return U::getCrossings(u, p, true) % 2 == 1; };
+  auto inside = [&u](P const& p) { return U::getCrossings(u, p) % 2 == 1; };
   EXPECT_FALSE(inside(P(1.5f, 2)));
   EXPECT_TRUE(inside(P(2.5f, 2)));
   EXPECT_TRUE(inside(P(0.5f, 2)));
   EXPECT_TRUE(inside(P(1.5f, 0.5f)));
   EXPECT_FALSE(inside(P(4, 1)));
   // The ray runs through two vertices and along the bottom of the notch.
-  EXPECT_EQ(U::getCrossings(u, P(-1, 1), true), 4);
+  EXPECT_EQ(U::getCrossings(u, P(-1, 1)), 4);
   // Without the closing segment x = 0, one crossing fewer.
-  EXPECT_EQ(U::getCrossings(u, P(-1, 2), true), 4);
-  EXPECT_EQ(U::getCrossings(u, P(-1, 2)), 3);
+  EXPECT_EQ(U::getCrossings(u, P(-1, 2)), 4);
+  EXPECT_EQ(U::getCrossings(u, P(-1, 2), false), 3);
   // Closing by repeating the first point counts the same.
   Vector<P> closed = u;
   closed.push_back(u.front());
   EXPECT_EQ(U::getCrossings(closed, P(-1, 2)), 4);
+  EXPECT_EQ(U::getCrossings(closed, P(-1, 2), false), 4);
 }
 
 TEST(GeVector2Utils, PointsAndRectanglesAgainstSegments) {
