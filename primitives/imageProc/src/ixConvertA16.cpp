@@ -12,14 +12,25 @@ using PixelA16 = IxPixel<IxPixelCompFloat16, 1>;
 void readBlocks(Rgba* dst, PixelA16 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  for (unsigned i = 0; i < n; ++i) dst[i] = Rgba(0.f, 0.f, 0.f, src[i][0].get());
+  __m128i const zero = _mm_setzero_si128();
+  for (unsigned i = 0; i < n; i += 8) {
+    __m128i const halves = _mm_load_si128(reinterpret_cast<__m128i const*>(src + i));
+    storeAlphasAsColors(dst + i, halfToFloat4(_mm_unpacklo_epi16(halves, zero)));
+    storeAlphasAsColors(dst + i + 4, halfToFloat4(_mm_unpackhi_epi16(halves, zero)));
+  }
 }
 
 void writeBlocks(PixelA16* dst, Rgba const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
   clearFlushToZero();
-  for (unsigned i = 0; i < n; ++i) dst[i][0].value = blockToHalf(src[i].a);
+  for (unsigned i = 0; i < n; i += 8) {
+    Rgba const* const s = src + i;
+    __m128 const lo = alphas4(loadColor(s), loadColor(s + 1), loadColor(s + 2), loadColor(s + 3));
+    __m128 const hi = alphas4(loadColor(s + 4), loadColor(s + 5), loadColor(s + 6), loadColor(s + 7));
+    _mm_stream_si128(reinterpret_cast<__m128i*>(dst + i), blockToHalf8(lo, hi));
+  }
+  _mm_sfence();
 }
 
 }  // namespace

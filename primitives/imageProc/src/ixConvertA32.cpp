@@ -10,19 +10,23 @@ namespace {
 void readBlocks(Rgba* dst, float const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  for (unsigned i = 0; i < n; ++i) dst[i] = Rgba(0.f, 0.f, 0.f, src[i]);
+  for (unsigned i = 0; i < n; i += 4) storeAlphasAsColors(dst + i, _mm_load_ps(src + i));
 }
 
 void writeBlocks(float* dst, Rgba const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  for (unsigned i = 0; i < n; ++i) dst[i] = src[i].a;
+  for (unsigned i = 0; i < n; i += 4)
+    _mm_stream_ps(dst + i, alphas4(loadColor(src + i), loadColor(src + i + 1), loadColor(src + i + 2),
+                                   loadColor(src + i + 3)));
+  _mm_sfence();
 }
 
 void copyBlocks(float* dst, float const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  std::memcpy(dst, src, std::size_t(n) * sizeof(float));
+  for (unsigned i = 0; i < n; i += 4) _mm_stream_ps(dst + i, _mm_load_ps(src + i));
+  _mm_sfence();
 }
 
 }  // namespace

@@ -12,13 +12,29 @@ using PixelA8 = IxPixel<IxPixelCompUInt8, 1>;
 void readBlocks(Rgba* dst, PixelA8 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  for (unsigned i = 0; i < n; ++i) dst[i] = Rgba(0.f, 0.f, 0.f, src[i][0].get());
+  __m128i const zero = _mm_setzero_si128();
+  for (unsigned i = 0; i < n; i += 16) {
+    __m128i const bytes = _mm_load_si128(reinterpret_cast<__m128i const*>(src + i));
+    __m128i const words[2] = {_mm_unpacklo_epi8(bytes, zero), _mm_unpackhi_epi8(bytes, zero)};
+    for (int w = 0; w < 2; ++w) {
+      storeAlphasAsColors(dst + i + 8 * w, uint8ToFloat4(_mm_unpacklo_epi16(words[w], zero)));
+      storeAlphasAsColors(dst + i + 8 * w + 4, uint8ToFloat4(_mm_unpackhi_epi16(words[w], zero)));
+    }
+  }
 }
 
 void writeBlocks(PixelA8* dst, Rgba const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  for (unsigned i = 0; i < n; ++i) dst[i][0].value = blockToUInt8(src[i].a);
+  for (unsigned i = 0; i < n; i += 16) {
+    Rgba const* const s = src + i;
+    __m128i q[4];
+    for (int k = 0; k < 4; ++k)
+      q[k] = blockToInt32x4(
+          alphas4(loadColor(s + 4 * k), loadColor(s + 4 * k + 1), loadColor(s + 4 * k + 2), loadColor(s + 4 * k + 3)));
+    _mm_stream_si128(reinterpret_cast<__m128i*>(dst + i), packToUInt8x16(q[0], q[1], q[2], q[3]));
+  }
+  _mm_sfence();
 }
 
 }  // namespace

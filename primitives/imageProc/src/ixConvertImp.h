@@ -13,7 +13,6 @@
 
 #include <emmintrin.h>
 
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -44,41 +43,85 @@ inline void convertInStages(Dst* dst, Src* src, unsigned n, One one, Blocks bloc
   while (n--) one(*dst++, *src++);
 }
 
-// 8-bit store of the block paths: min(v * 255, 255) (NaN gives 255), converted by the current
-// rounding mode (to nearest even under the package's MXCSR), saturated to 16 bits, then to 0..255.
-inline std::uint8_t blockToUInt8(float v) {
-  float const scaled = v * 255.f;
-  float const limited = scaled < 255.f ? scaled : 255.f;
-  int i = _mm_cvtss_si32(_mm_set_ss(limited));
-  i = i < -32768 ? -32768 : (i > 32767 ? 32767 : i);
-  return std::uint8_t(i < 0 ? 0 : (i > 255 ? 255 : i));
-}
-
-// Half store of the block paths. Differs from Half::fromFloat for denormal results, which it
-// rounds correctly through a float multiply by 2^-112. Needs flush-to-zero off: see
-// clearFlushToZero.
-inline Half::Bits blockToHalf(float value) {
-  std::uint32_t f;
-  std::memcpy(&f, &value, 4);
-  std::uint32_t const t = (f + 0x1000u) & 0x7FFFFFFFu;
-  float tf;
-  std::memcpy(&tf, &t, 4);
-  float const limit = std::bit_cast<float>(0x477FFFFFu);
-  float const limited = tf < limit ? tf : limit;
-  float const rebased = limited * std::bit_cast<float>(0x07800000u);
-  std::uint32_t r;
-  std::memcpy(&r, &rebased, 4);
-  std::int32_t h = std::int32_t(r >> 13);
-  h = h > 32767 ? 32767 : h;
-  return Half::Bits(std::uint32_t(h) | ((f >> 16) & 0x8000u));
-}
-
-// Half block stores produce float denormals on the way. Turns flush-to-zero off for the thread,
+// Half block stores produce float denormals on the way (see blockToHalf8). Turns flush-to-zero off for the thread,
 // writing MXCSR only when it was on, and leaves it off.
 inline void clearFlushToZero() {
   unsigned const csr = _mm_getcsr();
   if (csr & _MM_FLUSH_ZERO_ON) _mm_setcsr(csr & ~unsigned(_MM_FLUSH_ZERO_ON));
 }
+
+// Vector forms of the rules, four lanes at a time.
+
+inline __m128 splat(float v) { return _mm_set1_ps(v); }
+inline __m128i splat32(std::uint32_t v) { return _mm_set1_epi32(int(v)); }
+
+// Bytes (zero-extended in 32-bit lanes) to floats: byte times the float with bits 0x3B808081.
+inline __m128 uint8ToFloat4(__m128i bytes32) { return _mm_mul_ps(_mm_cvtepi32_ps(bytes32), splat(0.003921569f)); }
+
+// The first four bytes of a register, zero-extended to 32-bit lanes.
+inline __m128i widenBytes4(__m128i bytes) {
+  __m128i const zero = _mm_setzero_si128();
+  return _mm_unpacklo_epi16(_mm_unpacklo_epi8(bytes, zero), zero);
+}
+
+// The 8-bit block rule up to the 32-bit integer: min(v * 255, 255) (NaN gives 255), converted by
+// the current rounding mode.
+inline __m128i blockToInt32x4(__m128 v) {
+  return _mm_cvtps_epi32(_mm_min_ps(_mm_mul_ps(v, splat(255.f)), splat(255.f)));
+}
+
+// Sixteen 8-bit results from four registers of 32-bit integers: saturated to 16 bits, then to
+// 0..255.
+inline __m128i packToUInt8x16(__m128i a, __m128i b, __m128i c, __m128i d) {
+  return _mm_packus_epi16(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d));
+}
+
+// Halves (zero-extended in 32-bit lanes) to floats, bit for bit as Half::toFloat.
+inline __m128 halfToFloat4(__m128i h) {
+  __m128i const m = _mm_and_si128(h, splat32(0x7FFFu));
+  __m128i const e = _mm_add_epi32(_mm_slli_epi32(m, 13), splat32(0x38000000u));
+  __m128i const normal = _mm_cmpgt_epi32(e, splat32(0x387FFFFFu));
+  __m128i const denormal = _mm_castps_si128(_mm_mul_ps(_mm_cvtepi32_ps(m), splat(5.9604645e-8f)));
+  __m128i const magnitude = _mm_or_si128(_mm_and_si128(normal, e), _mm_andnot_si128(normal, denormal));
+  __m128i const sign = _mm_slli_epi32(_mm_and_si128(h, splat32(0x8000u)), 16);
+  return _mm_castsi128_ps(_mm_or_si128(magnitude, sign));
+}
+
+// The half block rule on eight floats, packed into eight halves. Needs flush-to-zero off.
+inline __m128i blockToHalf8(__m128 lo, __m128 hi) {
+  __m128 const limit = _mm_castsi128_ps(splat32(0x477FFFFFu));
+  __m128 const rebase = _mm_castsi128_ps(splat32(0x07800000u));
+  auto const magnitude = [&](__m128 f) {
+    __m128i const t = _mm_and_si128(_mm_add_epi32(_mm_castps_si128(f), splat32(0x1000u)), splat32(0x7FFFFFFFu));
+    __m128 const rebased = _mm_mul_ps(_mm_min_ps(_mm_castsi128_ps(t), limit), rebase);
+    return _mm_srli_epi32(_mm_castps_si128(rebased), 13);
+  };
+  __m128i const bits = _mm_packs_epi32(magnitude(lo), magnitude(hi));
+  __m128i const signs = _mm_packs_epi32(_mm_srai_epi32(_mm_castps_si128(lo), 31), _mm_srai_epi32(_mm_castps_si128(hi), 31));
+  return _mm_or_si128(bits, _mm_and_si128(signs, _mm_set1_epi16(short(0x8000))));
+}
+
+// The alphas of four colours.
+inline __m128 alphas4(__m128 p0, __m128 p1, __m128 p2, __m128 p3) {
+  return _mm_movehl_ps(_mm_unpackhi_ps(p2, p3), _mm_unpackhi_ps(p0, p1));
+}
+
+// (0, 0, 0, lane i of v) for each of the four lanes: alpha values as colours.
+inline void storeAlphasAsColors(Rgba* dst, __m128 v) {
+  __m128 const alphaOnly = _mm_castsi128_ps(_mm_setr_epi32(0, 0, 0, -1));
+  _mm_store_ps(&dst[0].r, _mm_and_ps(_mm_shuffle_ps(v, v, _MM_SHUFFLE(0, 0, 0, 0)), alphaOnly));
+  _mm_store_ps(&dst[1].r, _mm_and_ps(_mm_shuffle_ps(v, v, _MM_SHUFFLE(1, 1, 1, 1)), alphaOnly));
+  _mm_store_ps(&dst[2].r, _mm_and_ps(_mm_shuffle_ps(v, v, _MM_SHUFFLE(2, 2, 2, 2)), alphaOnly));
+  _mm_store_ps(&dst[3].r, _mm_and_ps(_mm_shuffle_ps(v, v, _MM_SHUFFLE(3, 3, 3, 3)), alphaOnly));
+}
+
+// r, g, b of v with alpha 1.
+inline __m128 withOpaqueAlpha(__m128 v) {
+  __m128 const rgbOnly = _mm_castsi128_ps(_mm_setr_epi32(-1, -1, -1, 0));
+  return _mm_or_ps(_mm_and_ps(v, rgbOnly), _mm_setr_ps(0.f, 0.f, 0.f, 1.f));
+}
+
+inline __m128 loadColor(Rgba const* p) { return _mm_load_ps(&p->r); }
 
 // One-component 8-bit tiles.
 void readA8(float* dst, Uchar const* src, unsigned n);

@@ -11,15 +11,20 @@ using PixelRGBA16 = IxPixel<IxPixelCompFloat16, 4>;
 
 void readBlocks(Rgba* dst, PixelRGBA16 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0 && addressOf(dst) % 16 == 0, "( src % 16 ) == 0 && ( dst % 16 ) == 0");
-  for (unsigned i = 0; i < n; ++i)
-    dst[i] = Rgba(src[i][0].get(), src[i][1].get(), src[i][2].get(), src[i][3].get());
+  __m128i const zero = _mm_setzero_si128();
+  for (unsigned i = 0; i < n; i += 2) {
+    __m128i const halves = _mm_load_si128(reinterpret_cast<__m128i const*>(src + i));
+    _mm_store_ps(&dst[i].r, halfToFloat4(_mm_unpacklo_epi16(halves, zero)));
+    _mm_store_ps(&dst[i + 1].r, halfToFloat4(_mm_unpackhi_epi16(halves, zero)));
+  }
 }
 
 void writeBlocks(PixelRGBA16* dst, Rgba const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0 && addressOf(dst) % 16 == 0, "( src % 16 ) == 0 && ( dst % 16 ) == 0");
   clearFlushToZero();
-  for (unsigned i = 0; i < n; ++i)
-    for (int c = 0; c < 4; ++c) dst[i][c].value = blockToHalf(src[i][c]);
+  for (unsigned i = 0; i < n; i += 2)
+    _mm_stream_si128(reinterpret_cast<__m128i*>(dst + i), blockToHalf8(loadColor(src + i), loadColor(src + i + 1)));
+  _mm_sfence();
 }
 
 }  // namespace

@@ -8,11 +8,14 @@
 
 #include <xmmintrin.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <random>
+#include <vector>
 #include <string>
 
 using namespace Orn;
@@ -345,34 +348,77 @@ TEST_F(IxConvertUtilTest, HalfBlockStoresAgreeOnNormalsAndOverflow) {
   EXPECT_EQ(tile[3 * 8], 0xFBFF);
 }
 
-TEST_F(IxConvertUtilTest, HalfReadsMatchTheExactConversionInEveryStage) {
-  // Denormals, zeros, exponent 31 and ordinary values in and out of blocks, from several offsets.
-  Half::Bits const patterns[] = {0x0000, 0x8000, 0x0001, 0x03FF, 0x8200, 0x0400, 0x3C00, 0xBC01,
-                                 0x7BFF, 0x7C00, 0x7FFF, 0xFC00, 0x1234, 0x5555, 0x0010, 0x3555};
-  alignas(16) Half::Bits tile[3 * 40 + 8];
-  for (int i = 0; i < 3 * 40 + 8; ++i) tile[i] = patterns[(i * 7) % 16];
-  for (int offset : {0, 1, 3}) {
+TEST_F(IxConvertUtilTest, HalfReadsMatchTheExactConversionForEveryPattern) {
+  // All 65536 patterns, from an aligned and an unaligned start, through every layout.
+  std::vector<Half::Bits> storage(65536 + 16);
+  Half::Bits* const tile = storage.data() + (8 - reinterpret_cast<std::uintptr_t>(storage.data()) % 16 / 2) % 8;
+  for (unsigned i = 0; i < 65536; ++i) tile[i] = Half::Bits(i * 40503u);  // odd factor: a permutation
+  std::vector<Rgba> colors(65536 / 3 + 1);
+  std::vector<float> alphas(65536);
+  auto const same = [](float a, float b) { return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b); };
+  for (int offset : {0, 1}) {
     unsigned char const* src = reinterpret_cast<unsigned char const*>(tile + offset);
-    alignas(16) Rgba colors[40];
-    float alphas[40];
-    IxConvertUtil::readFrom(colors, src, 40, format(IxPixelFormat::ALPHA, IxPixelFormat::FLOAT16));
-    IxConvertUtil::readFrom(alphas, src, 40, format(IxPixelFormat::ALPHA, IxPixelFormat::FLOAT16));
-    for (int i = 0; i < 40; ++i) {
-      float const expected = Half::toFloat(tile[offset + i]);
-      EXPECT_EQ(std::bit_cast<std::uint32_t>(colors[i].a), std::bit_cast<std::uint32_t>(expected)) << i;
-      EXPECT_EQ(colors[i].r, 0.f);
-      EXPECT_EQ(std::bit_cast<std::uint32_t>(alphas[i]), std::bit_cast<std::uint32_t>(expected)) << i;
+    unsigned const n1 = 65536 - offset;
+    IxConvertUtil::readFrom(alphas.data(), src, n1, format(IxPixelFormat::ALPHA, IxPixelFormat::FLOAT16));
+    for (unsigned i = 0; i < n1; ++i) ASSERT_TRUE(same(alphas[i], Half::toFloat(tile[offset + i]))) << i;
+    for (IxPixelFormat::Comps comps : {IxPixelFormat::ALPHA, IxPixelFormat::RGB, IxPixelFormat::RGBA}) {
+      unsigned const n = (65536 - offset) / comps / 3;  // a third of the patterns each pass
+      for (unsigned part = 0; part < 3; ++part) {
+        unsigned char const* partSrc = src + std::size_t(part) * n * comps * 2;
+        IxConvertUtil::readFrom(colors.data(), partSrc, n, format(comps, IxPixelFormat::FLOAT16));
+        Half::Bits const* h = reinterpret_cast<Half::Bits const*>(partSrc);
+        for (unsigned i = 0; i < n; ++i) {
+          Rgba const& c = colors[i];
+          if (comps == IxPixelFormat::ALPHA) {
+            ASSERT_TRUE(same(c.a, Half::toFloat(h[i])) && c.r == 0.f) << i;
+          } else {
+            ASSERT_TRUE(same(c.r, Half::toFloat(h[comps * i])) && same(c.g, Half::toFloat(h[comps * i + 1])) &&
+                        same(c.b, Half::toFloat(h[comps * i + 2])))
+                << i;
+            ASSERT_TRUE(same(c.a, comps == IxPixelFormat::RGB ? 1.f : Half::toFloat(h[comps * i + 3]))) << i;
+          }
+        }
+      }
     }
-    IxConvertUtil::readFrom(colors, src, 40, format(IxPixelFormat::RGB, IxPixelFormat::FLOAT16));
-    for (int i = 0; i < 40; ++i) {
-      EXPECT_EQ(std::bit_cast<std::uint32_t>(colors[i].g), std::bit_cast<std::uint32_t>(Half::toFloat(tile[offset + 3 * i + 1])))
-          << i;
-      EXPECT_EQ(colors[i].a, 1.f);
+  }
+}
+
+TEST_F(IxConvertUtilTest, BlockStoresFollowTheirRulesOnRandomValues) {
+  // Values around the 8-bit steps, exact ties among them, and ordinary half-float values.
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> step(-20, 275);
+  std::uniform_real_distribution<float> unit(-1.f, 1.f);
+  alignas(16) Rgba colors[64];
+  for (Rgba& c : colors)
+    for (int k = 0; k < 4; ++k) c[k] = (float(step(random)) + (random() % 4 ? unit(random) : 0.5f)) / 255.f;
+
+  // The 8-bit block rule with the library's rounding: to nearest, ties to even.
+  auto const blockRule = [](float v) {
+    float const w = std::isnan(v) ? 255.f : std::min(v * 255.f, 255.f);
+    return w <= -0.5f ? 0 : int(std::nearbyint(w));
+  };
+  alignas(16) std::uint8_t bytes[4 * 64];
+  IxConvertUtil::writeTo(bytes, colors, 64, format(IxPixelFormat::RGBA, IxPixelFormat::UINT8));
+  for (int i = 0; i < 64 * 4; ++i) ASSERT_EQ(bytes[i], blockRule(colors[i / 4][i % 4])) << i;
+  IxConvertUtil::writeTo(bytes, colors, 40, format(IxPixelFormat::RGB, IxPixelFormat::UINT8));
+  for (int i = 0; i < 40 * 3; ++i) {
+    float const v = colors[i / 3][i % 3];
+    ASSERT_EQ(bytes[i], i < 32 * 3 ? blockRule(v) : IxPixelCompUInt8::fromFloat(v)) << i;
+  }
+  IxConvertUtil::writeTo(bytes, colors, 64, format(IxPixelFormat::ALPHA, IxPixelFormat::UINT8));
+  for (int i = 0; i < 64; ++i) ASSERT_EQ(bytes[i], blockRule(colors[i].a)) << i;
+
+  // Half block stores agree with the exact conversion wherever the result is a normal half.
+  std::uniform_real_distribution<float> exponent(-14.f, 17.f);
+  for (Rgba& c : colors)
+    for (int k = 0; k < 4; ++k) c[k] = std::copysign(std::exp2(exponent(random)), unit(random));
+  alignas(16) Half::Bits halves[4 * 64];
+  for (IxPixelFormat::Comps comps : {IxPixelFormat::ALPHA, IxPixelFormat::RGB, IxPixelFormat::RGBA}) {
+    IxConvertUtil::writeTo(reinterpret_cast<unsigned char*>(halves), colors, 64, format(comps, IxPixelFormat::FLOAT16));
+    for (int i = 0; i < 64 * comps; ++i) {
+      float const v = comps == IxPixelFormat::ALPHA ? colors[i].a : colors[i / comps][i % comps];
+      ASSERT_EQ(halves[i], Half::fromFloat(v)) << i;
     }
-    IxConvertUtil::readFrom(colors, src, 30, format(IxPixelFormat::RGBA, IxPixelFormat::FLOAT16));
-    for (int i = 0; i < 30; ++i)
-      EXPECT_EQ(std::bit_cast<std::uint32_t>(colors[i].b), std::bit_cast<std::uint32_t>(Half::toFloat(tile[offset + 4 * i + 2])))
-          << i;
   }
 }
 
