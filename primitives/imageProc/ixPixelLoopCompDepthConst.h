@@ -11,15 +11,9 @@ template <template <class, class> class F, class Args>
 void ixPixelLoopCompDepthConst(IxReadGuard const& src, GeRectangle<int> const* srcRegion,
                                IxPixelIterBase::Order srcOrder, Args const& args) {
   switch (int(src.getTile().getPixelFormat().getComps())) {
-    case 1:
-      IxPixelLoopTemplate::runOneTile<F, 1>(src, srcRegion, srcOrder, args);
-      return;
-    case 3:
-      IxPixelLoopTemplate::runOneTile<F, 3>(src, srcRegion, srcOrder, args);
-      return;
-    case 4:
-      IxPixelLoopTemplate::runOneTile<F, 4>(src, srcRegion, srcOrder, args);
-      return;
+    case 1: IxPixelLoopTemplate::runOneTile<F, 1>(src, srcRegion, srcOrder, args); return;
+    case 3: IxPixelLoopTemplate::runOneTile<F, 3>(src, srcRegion, srcOrder, args); return;
+    case 4: IxPixelLoopTemplate::runOneTile<F, 4>(src, srcRegion, srcOrder, args); return;
     default:
       // Nothing has been touched yet.
       Assertions::throwProgramAborted("ixPixelLoopCompDepthConst", __LINE__, nullptr);

@@ -13,15 +13,9 @@ void ixPixelLoopDstcompDstdepth(IxWriteGuard const& dst, GeRectangle<int> const*
                                 IxPixelIterBase::Order dstOrder, IxReadGuard const& src,
                                 GeRectangle<int> const* srcRegion, IxPixelIterBase::Order srcOrder, Args const& args) {
   switch (int(dst.getTile().getPixelFormat().getComps())) {
-    case 1:
-      IxPixelLoopTemplate::runTwoTiles<F, 1, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 3:
-      IxPixelLoopTemplate::runTwoTiles<F, 3, 3>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 4:
-      IxPixelLoopTemplate::runTwoTiles<F, 4, 4>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
+    case 1: IxPixelLoopTemplate::runTwoTiles<F, 1, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 3: IxPixelLoopTemplate::runTwoTiles<F, 3, 3>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 4: IxPixelLoopTemplate::runTwoTiles<F, 4, 4>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
     default:
       // Nothing has been touched yet.
       Assertions::throwProgramAborted("ixPixelLoopDstcompDstdepth", __LINE__, nullptr);

@@ -14,18 +14,10 @@ void ixPixelLoopDstcompDstdepthConst(IxReadGuard const& dst, GeRectangle<int> co
                                      GeRectangle<int> const* srcRegion, IxPixelIterBase::Order srcOrder,
                                      Args const& args) {
   switch (int(dst.getTile().getPixelFormat().getComps())) {
-    case 1:
-      IxPixelLoopTemplate::runTwoTiles<F, 1, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 2:
-      IxPixelLoopTemplate::runTwoTiles<F, 2, 2>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 3:
-      IxPixelLoopTemplate::runTwoTiles<F, 3, 3>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 4:
-      IxPixelLoopTemplate::runTwoTiles<F, 4, 4>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
+    case 1: IxPixelLoopTemplate::runTwoTiles<F, 1, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 2: IxPixelLoopTemplate::runTwoTiles<F, 2, 2>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 3: IxPixelLoopTemplate::runTwoTiles<F, 3, 3>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 4: IxPixelLoopTemplate::runTwoTiles<F, 4, 4>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
     default:
       // Nothing has been touched yet.
       Assertions::throwProgramAborted("ixPixelLoopDstcompDstdepthConst", __LINE__, nullptr);

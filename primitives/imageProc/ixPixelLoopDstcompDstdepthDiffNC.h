@@ -14,18 +14,10 @@ void ixPixelLoopDstcompDstdepthDiffNC(IxWriteGuard const& dst, GeRectangle<int> 
                                       GeRectangle<int> const* srcRegion, IxPixelIterBase::Order srcOrder,
                                       Args const& args) {
   switch (int(dst.getTile().getPixelFormat().getComps())) {
-    case 1:
-      IxPixelLoopTemplate::runTwoTiles<F, 1, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 2:
-      IxPixelLoopTemplate::runTwoTiles<F, 2, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 3:
-      IxPixelLoopTemplate::runTwoTiles<F, 3, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 4:
-      IxPixelLoopTemplate::runTwoTiles<F, 4, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
+    case 1: IxPixelLoopTemplate::runTwoTiles<F, 1, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 2: IxPixelLoopTemplate::runTwoTiles<F, 2, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 3: IxPixelLoopTemplate::runTwoTiles<F, 3, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 4: IxPixelLoopTemplate::runTwoTiles<F, 4, 1>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
     default:
       // Nothing has been touched yet.
       Assertions::throwProgramAborted("ixPixelLoopDstcompDstdepthDiffNC", __LINE__, nullptr);

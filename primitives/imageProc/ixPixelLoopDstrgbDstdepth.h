@@ -13,12 +13,8 @@ void ixPixelLoopDstrgbDstdepth(IxWriteGuard const& dst, GeRectangle<int> const* 
                                IxPixelIterBase::Order dstOrder, IxReadGuard const& src,
                                GeRectangle<int> const* srcRegion, IxPixelIterBase::Order srcOrder, Args const& args) {
   switch (int(dst.getTile().getPixelFormat().getComps())) {
-    case 3:
-      IxPixelLoopTemplate::runTwoTiles<F, 3, 3>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
-    case 4:
-      IxPixelLoopTemplate::runTwoTiles<F, 4, 4>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args);
-      return;
+    case 3: IxPixelLoopTemplate::runTwoTiles<F, 3, 3>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
+    case 4: IxPixelLoopTemplate::runTwoTiles<F, 4, 4>(dst, dstRegion, dstOrder, src, srcRegion, srcOrder, args); return;
     default:
       // Nothing has been touched yet.
       Assertions::throwProgramAborted("ixPixelLoopDstrgbDstdepth", __LINE__, nullptr);

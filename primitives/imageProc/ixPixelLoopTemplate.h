@@ -60,17 +60,10 @@ inline void walk(Functor& functor, IxPixelIter<DstPixel> dst, IxPixelIter<SrcPix
 template <class Visitor>
 inline void switchDepth(IxPixelFormat const& format, Visitor&& visitor) {
   switch (int(format.getDepth())) {
-    case IxPixelFormat::UINT8:
-      visitor(std::type_identity<IxPixelCompUInt8>());
-      return;
-    case IxPixelFormat::FLOAT16:
-      visitor(std::type_identity<IxPixelCompFloat16>());
-      return;
-    case IxPixelFormat::FLOAT32:
-      visitor(std::type_identity<IxPixelCompFloat32>());
-      return;
-    default:
-      Assertions::throwProgramAborted(SOURCE_NAME, __LINE__, nullptr);
+    case IxPixelFormat::UINT8: visitor(std::type_identity<IxPixelCompUInt8>()); return;
+    case IxPixelFormat::FLOAT16: visitor(std::type_identity<IxPixelCompFloat16>()); return;
+    case IxPixelFormat::FLOAT32: visitor(std::type_identity<IxPixelCompFloat32>()); return;
+    default: Assertions::throwProgramAborted(SOURCE_NAME, __LINE__, nullptr);
   }
 }
 
