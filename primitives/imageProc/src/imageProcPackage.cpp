@@ -1,4 +1,6 @@
 #include <orn/base/init/inInit.h>
+#include <orn/primitives/imageProc/ixConvertServices.h>
+#include <orn/primitives/imageProc/ixScanlineImp.h>
 
 namespace Orn {
 
@@ -18,9 +20,14 @@ InInit<OrnInit::imageProc>::InInit() : InPackageInit("imageProc") {
   addDependency(&InInit<OrnInit::base>::getType());
 }
 
-// No image-processing state to set up.
+// Sets and checks the floating-point mode of the starting thread, then installs the scanline
+// implementations, before anything else of the image side runs.
 template <>
-void InInit<OrnInit::imageProc>::initialize() {}
+void InInit<OrnInit::imageProc>::initialize() {
+  IxConvertServices::configureSSE();
+  IxConvertServices::assertConfigSSE();
+  IxScanlineImpFactories::install();
+}
 
 template <>
 void InInit<OrnInit::imageProc>::finalize() {}
