@@ -1,4 +1,9 @@
 #include <orn/base/init/inInit.h>
+#include <orn/base/init/inSingleton.h>
+#include <orn/primitives/formats/fmtBuiltInFormats.h>
+#include <orn/primitives/formats/fmtFormatRegistry.h>
+#include <orn/primitives/formats/fmtImageFormat.h>
+#include <orn/primitives/formats/fmtVideoFormat.h>
 
 namespace Orn {
 
@@ -14,12 +19,20 @@ InInit<OrnInit::formats>::InInit() : InPackageInit("formats") {
   addDependency(&InInit<OrnInit::base>::getType());
 }
 
-// No format data to set up.
+// Creates the format registry with its two types and the built-in formats.
 template <>
-void InInit<OrnInit::formats>::initialize() {}
+void InInit<OrnInit::formats>::initialize() {
+  InSingleton<FmtFormatRegistry>::create();
+  FmtFormatRegistry& formatReg = FmtFormatRegistry::getInstance();
+  formatReg.registerFormatType(FmtImageFormat::TYPE);
+  formatReg.registerFormatType(FmtVideoFormat::TYPE);
+  FmtBuiltInFormats::registerAll();
+}
 
 template <>
-void InInit<OrnInit::formats>::finalize() {}
+void InInit<OrnInit::formats>::finalize() {
+  InSingleton<FmtFormatRegistry>::destroy();
+}
 
 namespace {
 InInit<OrnInit::formats> formatsPackage;
