@@ -36,7 +36,6 @@ TEST(IxTileFetcher, VectorFetcherBoundsAndFirstCoveringTile) {
 
   EXPECT_EQ(&fetcher.getTile(3, 1), &a);
   EXPECT_EQ(&fetcher.getTile(4, 1), &b);
-  EXPECT_EQ(&fetcher.getTile(0, 0), &a);
   IxTilePtrVectorFetcher reversed(Vector<IxReadGuard const*>{&b, &a});
   EXPECT_EQ(&reversed.getTile(3, 1), &b);
   // Inside the bounding box but in no tile.
@@ -47,18 +46,10 @@ TEST(IxTileFetcher, VectorFetcherBoundsAndFirstCoveringTile) {
   EXPECT_TRUE(region.isEmpty());
 
   IxSingleTilePtrFetcher byAddress(&b);
-  byAddress.getRegion(region);
-  EXPECT_EQ(region, GeRectangle<int>(2, 8, 1, 5));
   EXPECT_EQ(&byAddress.getTile(-100, 100), &b);
-  IxSingleTileFetcher byValue(b);
-  EXPECT_EQ(byValue.getTile(0, 0).getTile(), b.getTile());
 }
 
 TEST(IxPixelUtil, PixelColorsByLayout) {
-  IxTile a8 = makeTile(IxPixelFormat::ALPHA, IxPixelFormat::UINT8, 10, 12, 5, 7);
-  a8.getBaseAddress()[a8.getRowBytes() + 1] = 51;  // (11, 6)
-  EXPECT_EQ(IxPixelUtil::getPixelColor(IxReadGuard(a8), 11, 6), Rgba(0.f, 0.f, 0.f, 51.f * 0.003921569f));
-
   IxTile rgb16 = makeTile(IxPixelFormat::RGB, IxPixelFormat::FLOAT16, -3, -1, 0, 1);
   Half::Bits* h = reinterpret_cast<Half::Bits*>(rgb16.getBaseAddress());
   h[3] = 0x3C00;
@@ -66,11 +57,10 @@ TEST(IxPixelUtil, PixelColorsByLayout) {
   h[5] = 0x0001;
   EXPECT_EQ(IxPixelUtil::getPixelColor(IxReadGuard(rgb16), -2, 0), Rgba(1.f, 65536.f, 5.9604645e-8f, 1.f));
 
-  IxTile rgba32 = makeTile(IxPixelFormat::RGBA, IxPixelFormat::FLOAT32, 0, 1, 0, 1);
-  *reinterpret_cast<Rgba*>(rgba32.getBaseAddress()) = Rgba(-1.f, 2.f, 3.f, 40.f);
-  EXPECT_EQ(IxPixelUtil::getPixelColor(IxReadGuard(rgba32), 0, 0), Rgba(-1.f, 2.f, 3.f, 40.f));
-
-  EXPECT_THROW(IxPixelUtil::getPixelColor(IxReadGuard(rgba32), 1, 0), AssertionsEx::ExAssertionFailed);
+  IxTile a8 = makeTile(IxPixelFormat::ALPHA, IxPixelFormat::UINT8, 10, 12, 5, 7);
+  a8.getBaseAddress()[a8.getRowBytes() + 1] = 51;  // (11, 6)
+  EXPECT_EQ(IxPixelUtil::getPixelColor(IxReadGuard(a8), 11, 6), Rgba(0.f, 0.f, 0.f, 51.f * 0.003921569f));
+  EXPECT_THROW(IxPixelUtil::getPixelColor(IxReadGuard(a8), 12, 6), AssertionsEx::ExAssertionFailed);
   IxTile complexTile = makeTile(IxPixelFormat::ALPHA, IxPixelFormat::COMPLEX, 0, 1, 0, 1);
   EXPECT_THROW(IxPixelUtil::getPixelColor(IxReadGuard(complexTile), 0, 0), AssertionsEx::ExProgramAborted);
 }

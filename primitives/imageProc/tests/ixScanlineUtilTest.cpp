@@ -3,8 +3,9 @@
 #include <orn/base/except/assertions.h>
 #include <orn/primitives/imageProc/ixScanlineImp.h>
 
-#include <gtest/gtest.h>
+#include "ixScanlineTestUtil.h"
 
+#include <algorithm>
 #include <complex>
 
 using namespace Orn;
@@ -15,9 +16,8 @@ using Rgba = CoRgbaColorTyped<float>;
 using FloatLine = IxScanline<float>;
 using RgbaLine = IxScanline<Rgba>;
 
-class IxScanlineUtilTest : public ::testing::Test {
+class IxScanlineUtilTest : public IxScanlineTestBase {
 protected:
-  void SetUp() override { IxScanlineImpFactories::install(); }
   static IxPaddingPolicy<float> floatPad() { return IxPaddingPolicy<float>(IxScanlineTypes::NOOP, 0.f); }
   static IxPaddingPolicy<Rgba> rgbaPad() { return IxPaddingPolicy<Rgba>(IxScanlineTypes::NOOP, Rgba()); }
 };
@@ -56,28 +56,20 @@ TEST_F(IxScanlineUtilTest, ArithmeticOverWholeLinesAndSubIntervals) {
   IxScanlineUtil::set(d, Rgba(0.5f, -1.f, 0.f, 8.f));
   IxScanlineUtil::subtractScanlines(c, c, d);
   EXPECT_EQ(c[1], Rgba(0.5f, 3.f, 3.f, -4.f));
-  IxScanlineUtil::accumulateScanline(c, d);
-  EXPECT_EQ(c[0], Rgba(1.f, 2.f, 3.f, 4.f));
 }
 
 TEST_F(IxScanlineUtilTest, IntervalsMustLieInsideEveryLine) {
   FloatLine a(GeInterval<int>(0, 4), floatPad());
   FloatLine b(GeInterval<int>(1, 4), floatPad());
-  FloatLine out(GeInterval<int>(0, 4), floatPad());
-  EXPECT_THROW(IxScanlineUtil::addScanlines(out, a, b, nullptr), AssertionsEx::ExAssertionFailed);
+  EXPECT_THROW(IxScanlineUtil::addScanlines(a, a, b, nullptr), AssertionsEx::ExAssertionFailed);
   GeInterval<int> const beyond(2, 5);
-  EXPECT_THROW(IxScanlineUtil::set(out, 0.f, &beyond), AssertionsEx::ExAssertionFailed);
-  GeInterval<int> const inside(1, 3);
-  IxScanlineUtil::set(b, 2.f);
-  IxScanlineUtil::copy(out, b, &inside);
-  EXPECT_EQ(out[2], 2.f);
+  EXPECT_THROW(IxScanlineUtil::set(a, 0.f, &beyond), AssertionsEx::ExAssertionFailed);
 }
 
 TEST_F(IxScanlineUtilTest, PremultiplicationKeepsTransparentColours) {
   RgbaLine line(GeInterval<int>(5, 8), rgbaPad());
-  line[5] = Rgba(0.5f, 1.f, 2.f, 0.5f);
-  line[6] = Rgba(0.25f, 0.5f, 1.f, 0.f);
-  line[7] = Rgba(1.f, 1.f, 1.f, 2.f);
+  Rgba const colours[3] = {Rgba(0.5f, 1.f, 2.f, 0.5f), Rgba(0.25f, 0.5f, 1.f, 0.f), Rgba(1.f, 1.f, 1.f, 2.f)};
+  std::copy(colours, colours + 3, line.getBegin());
   RgbaLine premultiplied(GeInterval<int>(5, 8), rgbaPad());
   IxScanlineUtil::multiplyByAlpha(premultiplied, line);
   EXPECT_EQ(premultiplied[5], Rgba(0.25f, 0.5f, 1.f, 0.5f));
@@ -88,10 +80,6 @@ TEST_F(IxScanlineUtilTest, PremultiplicationKeepsTransparentColours) {
   EXPECT_EQ(line[5], Rgba(1.f, 2.f, 4.f, 0.5f));
   EXPECT_EQ(line[6], Rgba(0.25f, 0.5f, 1.f, 0.f));
   EXPECT_EQ(line[7], Rgba(0.5f, 0.5f, 0.5f, 2.f));
-  GeInterval<int> const last(7, 8);
-  IxScanlineUtil::multiplyByAlpha(line, &last);
-  EXPECT_EQ(line[7], Rgba(1.f, 1.f, 1.f, 2.f));
-  EXPECT_EQ(line[5], Rgba(1.f, 2.f, 4.f, 0.5f));
 }
 
 TEST_F(IxScanlineUtilTest, ConvolutionAppliesTheKernelAsWritten) {
