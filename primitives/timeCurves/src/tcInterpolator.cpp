@@ -1,0 +1,7 @@
+#include <orn/primitives/timeCurves/tcInterpolator.h>
+
+namespace Orn {
+
+TcInterpolator::~TcInterpolator() = default;
+
+}  // namespace Orn
