@@ -1,0 +1,7 @@
+#include <orn/base/viewing/vwViewer.h>
+
+namespace Orn {
+
+VwViewer::~VwViewer() = default;
+
+}  // namespace Orn
