@@ -22,8 +22,7 @@ std::string failedCondition(F f) {
   return "<no assertion failed>";
 }
 
-// In a death-test child: writes the failures of the running test to stderr, which the parent
-// shows, and exits with 1 when there were any.
+// Ends a death-test child: its failures go to stderr, which the parent shows.
 [[noreturn]] inline void exitWithFailures() {
   ::testing::TestResult const* result = ::testing::UnitTest::GetInstance()->current_test_info()->result();
   for (int i = 0; i < result->total_part_count(); ++i) {
