@@ -41,15 +41,40 @@ inline void walkLine(Functor& functor, std::int32_t nbPixels, IxPixelCursor<DstP
   }
 }
 
+// A functor may add a run form, runContiguous(n, dst, srcs...), which the walk calls instead of the
+// per-pixel operator for lines whose pixels follow each other in memory in every tile. It must give
+// the same pixels as n calls of the operator in increasing order.
+template <class Functor, class DstPixel, class... SrcPixels>
+concept IxHasContiguousRun = requires(Functor& functor, std::int32_t n, DstPixel* dst, SrcPixels*... srcs) {
+  functor.runContiguous(n, dst, srcs...);
+};
+
+// A line of contiguous pixels: plain arrays, which the compiler can vectorise.
+template <class Functor, class DstPixel, class... SrcPixels>
+inline void walkContiguousLine(Functor& functor, std::int32_t nbPixels, DstPixel* dst, SrcPixels*... srcs) {
+  if constexpr (IxHasContiguousRun<Functor, DstPixel, SrcPixels...>) {
+    functor.runContiguous(nbPixels, dst, srcs...);
+  } else {
+    for (std::int32_t i = 0; i < nbPixels; ++i) functor(dst[i], srcs[i]...);
+  }
+}
+
 // Runs the functor over the destination's walk, with the sources in lockstep.
 template <class Functor, class DstPixel, class... SrcPixels>
 inline void walk(Functor& functor, IxPixelIter<DstPixel> dst, IxPixelIter<SrcPixels>... srcs) {
   std::int32_t const nbLines = dst.getMajorCount();
   if (nbLines < 1) return;
   std::int32_t const nbPixels = dst.getMinorCount() - functor.getNbTrimmed();
+  // Steps are fixed for the whole walk, so the contiguity test is made once.
+  bool const contiguous = dst.getMinorStep() == std::int32_t(sizeof(DstPixel)) &&
+                          ((srcs.getMinorStep() == std::int32_t(sizeof(SrcPixels))) && ...);
   PxRequestMgr& requests = PxRequestMgr::getInstance();
   for (std::int32_t line = 0; line < nbLines; ++line) {
-    walkLine(functor, nbPixels, dst.getLineCursor(), srcs.getLineCursor()...);
+    if (contiguous)
+      walkContiguousLine(functor, nbPixels, reinterpret_cast<DstPixel*>(dst.getLineAddress()),
+                         reinterpret_cast<SrcPixels*>(srcs.getLineAddress())...);
+    else
+      walkLine(functor, nbPixels, dst.getLineCursor(), srcs.getLineCursor()...);
     requests.poll();
     dst.nextLine();
     (srcs.nextLine(), ...);
