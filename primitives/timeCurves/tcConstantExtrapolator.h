@@ -1,0 +1,18 @@
+#pragma once
+// The first key's value before, the last key's after.
+
+#include <orn/primitives/timeCurves/tcExtrapolator.h>
+
+namespace Orn {
+
+class TcConstantExtrapolator : public TcExtrapolator {
+public:
+  double evaluate(double time, RCShdPtr<TmTimeCurve const> const& curve) const override;
+  double getNextKeyTime(double time, RCShdPtr<TmTimeCurve const> const& curve) const override;
+  void tessellateBefore(double x, RCShdPtr<TmTimeCurve const> const& curve, Polylines const& base,
+                        Polylines& out) const override;
+  void tessellateAfter(double x, RCShdPtr<TmTimeCurve const> const& curve, Polylines const& base,
+                       Polylines& out) const override;
+};
+
+}  // namespace Orn

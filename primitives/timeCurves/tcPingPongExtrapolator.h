@@ -1,0 +1,20 @@
+#pragma once
+// The keyed range repeated forth and back.
+
+#include <orn/primitives/timeCurves/tcExtrapolator.h>
+
+namespace Orn {
+
+class TcPingPongExtrapolator : public TcExtrapolator {
+public:
+  double evaluate(double time, RCShdPtr<TmTimeCurve const> const& curve) const override;
+  double getNextKeyTime(double time, RCShdPtr<TmTimeCurve const> const& curve) const override;
+  bool isCyclic() const override { return true; }
+  void tessellateBefore(double x, RCShdPtr<TmTimeCurve const> const& curve, Polylines const& base,
+                        Polylines& out) const override;
+  void tessellateAfter(double x, RCShdPtr<TmTimeCurve const> const& curve, Polylines const& base,
+                       Polylines& out) const override;
+  double mapTime(double time, RCShdPtr<TmTimeCurve const> const& curve, int& cycle, bool& mirrored) const override;
+};
+
+}  // namespace Orn
