@@ -1,0 +1,387 @@
+// The blend modes. Each mode is one small class whose arithmetic is written once as a template
+// over a lane type: a float for single values, or four floats in an SSE2 register. BlendUtil<Op>
+// builds the four entry points from it, so the vector loops run exactly the scalar operations.
+
+#include <orn/primitives/imageProc/ixScanlineBlend.h>
+
+#include <orn/base/except/assertions.h>
+#include <orn/base/geometryBase/floatUtil.h>
+#include <orn/primitives/color/coHsvColor.h>
+
+#include <emmintrin.h>
+
+#include <cmath>
+#include <cstdint>
+#include <mutex>
+#include <vector>
+
+namespace Orn {
+
+namespace {
+
+using Rgb = CoRgbColorTyped<float>;
+using Rgba = CoRgbaColorTyped<float>;
+
+// ---------------------------------------------------------------------------------------------
+// Lane operations. Every helper exists for float and for F4 with the same meaning, including on
+// NaN: min and max follow std::min / std::max (the first argument wins unless the second is
+// strictly smaller / larger), and a selection takes one of two values already computed.
+
+struct F4 {
+  __m128 v;
+};
+
+inline F4 operator+(F4 x, F4 y) { return {_mm_add_ps(x.v, y.v)}; }
+inline F4 operator-(F4 x, F4 y) { return {_mm_sub_ps(x.v, y.v)}; }
+inline F4 operator*(F4 x, F4 y) { return {_mm_mul_ps(x.v, y.v)}; }
+inline F4 operator/(F4 x, F4 y) { return {_mm_div_ps(x.v, y.v)}; }
+
+// A lane mask: all bits set where a condition holds.
+struct M4 {
+  __m128 v;
+};
+
+template <class V>
+struct Lane;
+
+template <>
+struct Lane<float> {
+  using Mask = bool;
+  static float k(float c) { return c; }
+  static bool gt(float x, float y) { return x > y; }
+  static bool lt(float x, float y) { return x < y; }
+  static bool both(bool p, bool q) { return p && q; }
+  static bool either(bool p, bool q) { return p || q; }
+  static float select(bool m, float x, float y) { return m ? x : y; }
+  static float min(float x, float y) { return y < x ? y : x; }
+  static float max(float x, float y) { return x < y ? y : x; }
+  static float abs(float x) { return std::fabs(x); }
+  static float sqrt(float x) { return std::sqrt(x); }
+  static bool isRelZero(float x) { return FloatUtil::isRelZero(x); }
+  static float screen(float a, float b) {
+    double const limit = double(min(b, 1.0f));
+    return float(double(b) + double(a) * (1.0 - limit));
+  }
+};
+
+template <>
+struct Lane<F4> {
+  using Mask = M4;
+  static F4 k(float c) { return {_mm_set1_ps(c)}; }
+  static M4 gt(F4 x, F4 y) { return {_mm_cmpgt_ps(x.v, y.v)}; }
+  static M4 lt(F4 x, F4 y) { return {_mm_cmplt_ps(x.v, y.v)}; }
+  static M4 both(M4 p, M4 q) { return {_mm_and_ps(p.v, q.v)}; }
+  static M4 either(M4 p, M4 q) { return {_mm_or_ps(p.v, q.v)}; }
+  static F4 select(M4 m, F4 x, F4 y) { return {_mm_or_ps(_mm_and_ps(m.v, x.v), _mm_andnot_ps(m.v, y.v))}; }
+  // minps/maxps return their second operand unless the first wins strictly.
+  static F4 min(F4 x, F4 y) { return {_mm_min_ps(y.v, x.v)}; }
+  static F4 max(F4 x, F4 y) { return {_mm_max_ps(y.v, x.v)}; }
+  static F4 abs(F4 x) { return {_mm_andnot_ps(_mm_set1_ps(-0.0f), x.v)}; }
+  static F4 sqrt(F4 x) { return {_mm_sqrt_ps(x.v)}; }
+  // The relative zero test of FloatUtil: m = |x| (0 when infinite or NaN), e = m * epsilon;
+  // zero when x > 0 and e >= x, or when x <= 0 (or NaN) and e + x >= 0.
+  static M4 isRelZero(F4 x) {
+    __m128 const m = abs(x).v;
+    __m128 const finite = _mm_cmplt_ps(m, _mm_set1_ps(INFINITY));  // false for inf and NaN
+    __m128 const e = _mm_mul_ps(_mm_and_ps(finite, m), _mm_set1_ps(FloatUtil::getEpsilon<float>()));
+    __m128 const positive = _mm_cmpgt_ps(x.v, _mm_setzero_ps());
+    __m128 const smallPositive = _mm_and_ps(positive, _mm_cmpge_ps(e, x.v));
+    __m128 const smallOther = _mm_andnot_ps(positive, _mm_cmpge_ps(_mm_add_ps(e, x.v), _mm_setzero_ps()));
+    return {_mm_or_ps(smallPositive, smallOther)};
+  }
+  // Each half widened to double, combined there and rounded once, as the scalar form does.
+  static F4 screen(F4 a, F4 b) {
+    __m128 const limit = _mm_min_ps(_mm_set1_ps(1.0f), b.v);  // 1 < b ? 1 : b, so a NaN b stays
+    __m128d const one = _mm_set1_pd(1.0);
+    auto half = [&](__m128 av, __m128 bv, __m128 lv) {
+      __m128d const ad = _mm_cvtps_pd(av);
+      __m128d const bd = _mm_cvtps_pd(bv);
+      __m128d const ld = _mm_cvtps_pd(lv);
+      return _mm_cvtpd_ps(_mm_add_pd(bd, _mm_mul_pd(ad, _mm_sub_pd(one, ld))));
+    };
+    __m128 const low = half(a.v, b.v, limit);
+    __m128 const high = half(_mm_movehl_ps(a.v, a.v), _mm_movehl_ps(b.v, b.v), _mm_movehl_ps(limit, limit));
+    return {_mm_movelh_ps(low, high)};
+  }
+};
+
+// ---------------------------------------------------------------------------------------------
+// The modes. apply(a, b) is the per-channel formula; HSV modes instead give rgb(a, b).
+
+#define ORN_LANE_OP(Name, expression)    \
+  struct Name {                          \
+    static constexpr bool HSV = false;   \
+    template <class V>                   \
+    static V apply(V a, V b) {           \
+      using L [[maybe_unused]] = Lane<V>; \
+      (void)a;                           \
+      (void)b;                           \
+      return expression;                 \
+    }                                    \
+  };
+
+ORN_LANE_OP(BlendNormal, a)
+ORN_LANE_OP(BlendAverage, (a + b) * L::k(0.5f))
+ORN_LANE_OP(BlendAdd, a + b)
+ORN_LANE_OP(BlendSubtract, b - a)
+ORN_LANE_OP(BlendDarken, L::min(a, b))
+ORN_LANE_OP(BlendMultiply, a * b)
+ORN_LANE_OP(BlendColorBurn, L::select(L::isRelZero(a), L::k(0.0f), L::k(1.0f) - (L::k(1.0f) - b) / a))
+ORN_LANE_OP(BlendLinearBurn, L::max(a + b - L::k(1.0f), L::k(0.0f)))
+ORN_LANE_OP(BlendLighten, L::max(a, b))
+ORN_LANE_OP(BlendScreen, L::screen(a, b))
+ORN_LANE_OP(BlendColorDodge, b / (L::k(1.0f) - a))
+ORN_LANE_OP(BlendLinearDodge, L::min(a + b, L::k(1.0f)))
+ORN_LANE_OP(BlendSpotlight, a * b * L::k(2.0f))
+ORN_LANE_OP(BlendSpotlightBlend, a * b + b)
+ORN_LANE_OP(BlendOverlay, L::select(L::gt(b, L::k(0.5f)),
+                                    L::k(1.0f) - L::k(2.0f) * (L::k(1.0f) - a) * (L::k(1.0f) - b),
+                                    L::k(2.0f) * a * b))
+ORN_LANE_OP(BlendSoftLight, L::select(L::gt(a, L::k(0.5f)),
+                                      b + (L::k(2.0f) * a - L::k(1.0f)) * (L::sqrt(b) - b),
+                                      b * (L::k(2.0f) * a * (L::k(1.0f) - b) + b)))
+ORN_LANE_OP(BlendHardLight, L::select(L::gt(a, L::k(0.5f)),
+                                      L::k(1.0f) - L::k(2.0f) * (L::k(1.0f) - a) * (L::k(1.0f) - b),
+                                      L::k(2.0f) * a * b))
+ORN_LANE_OP(BlendPinLight, L::select(L::either(L::both(L::gt(a, L::k(0.5f)), L::gt(a, b)),
+                                               L::both(L::lt(a, L::k(0.5f)), L::lt(a, b))),
+                                     a, b))
+ORN_LANE_OP(BlendHardMix, L::select(L::gt(a + b, L::k(1.0f)), L::k(1.0f), L::k(0.0f)))
+ORN_LANE_OP(BlendDifference, L::abs(a - b))
+ORN_LANE_OP(BlendExclusion, a + b - L::k(2.0f) * a * b)
+
+#undef ORN_LANE_OP
+
+// Saturation and value by the reduced route of the HSV modes: a colour whose channels are all
+// equal has saturation 0 and value 0, whatever its level. So taking the value of a grey gives
+// black; this is the modes' long-standing behaviour and is kept.
+struct SatValue {
+  float s;
+  float v;
+};
+
+SatValue reducedSatValue(Rgb const& c) {
+  float maxV = c.r;
+  if (c.g > maxV) maxV = c.g;
+  if (c.b > maxV) maxV = c.b;
+  float minV = c.r;
+  if (c.g < minV) minV = c.g;
+  if (c.b < minV) minV = c.b;
+  if (minV >= maxV) return {0.0f, 0.0f};
+  return {(maxV - minV) / maxV, maxV};
+}
+
+CoHsvColor fullHsv(Rgb const& c) {
+  CoHsvColor hsv;
+  hsv.convertFromRgb(c);
+  return hsv;
+}
+
+struct BlendHue {
+  static constexpr bool HSV = true;
+  static Rgb rgb(Rgb const& a, Rgb const& b) {
+    SatValue const sv = reducedSatValue(b);
+    return CoHsvColor(fullHsv(a).h, sv.s, sv.v).convertToRgb();
+  }
+};
+
+struct BlendSaturation {
+  static constexpr bool HSV = true;
+  static Rgb rgb(Rgb const& a, Rgb const& b) {
+    CoHsvColor const hsvB = fullHsv(b);
+    return CoHsvColor(hsvB.h, reducedSatValue(a).s, hsvB.v).convertToRgb();
+  }
+};
+
+struct BlendColor {
+  static constexpr bool HSV = true;
+  static Rgb rgb(Rgb const& a, Rgb const& b) {
+    CoHsvColor const hsvA = fullHsv(a);
+    return CoHsvColor(hsvA.h, hsvA.s, reducedSatValue(b).v).convertToRgb();
+  }
+};
+
+struct BlendValue {
+  static constexpr bool HSV = true;
+  static Rgb rgb(Rgb const& a, Rgb const& b) {
+    CoHsvColor const hsvB = fullHsv(b);
+    return CoHsvColor(hsvB.h, hsvB.s, reducedSatValue(a).v).convertToRgb();
+  }
+};
+
+// ---------------------------------------------------------------------------------------------
+// Entry points of one mode.
+
+template <class T>
+GeInterval<int> checkedInterval(IxScanline<T> const& dst, IxScanline<T> const& srcA, IxScanline<T> const& srcB,
+                                GeInterval<int> const* interval) {
+  GeInterval<int> const dstInterval = interval ? *interval : dst.getInterval();
+  ORN_ASSERT_TEXT(dst.getInterval().contains(dstInterval), "dst.getInterval().contains( dstInterval )");
+  ORN_ASSERT_TEXT(srcA.getInterval().contains(dstInterval), "srcA.getInterval().contains( dstInterval )");
+  ORN_ASSERT_TEXT(srcB.getInterval().contains(dstInterval), "srcB.getInterval().contains( dstInterval )");
+  return dstInterval;
+}
+
+inline F4 load(float const* p) { return {_mm_loadu_ps(p)}; }
+inline void store(float* p, F4 x) { _mm_storeu_ps(p, x.v); }
+
+// Lane 3 (alpha) of an RGBA pixel.
+inline __m128 alphaLane() { return _mm_castsi128_ps(_mm_set_epi32(-1, 0, 0, 0)); }
+
+template <class Op>
+class BlendUtil final : public IxScanlineBlend::Imp {
+public:
+  float blend(float a, float b) const override {
+    if constexpr (Op::HSV)
+      return a;
+    else
+      return Op::apply(a, b);
+  }
+
+  Rgb blend(Rgb const& a, Rgb const& b) const override {
+    if constexpr (Op::HSV)
+      return Op::rgb(a, b);
+    else
+      return Rgb(Op::apply(a.r, b.r), Op::apply(a.g, b.g), Op::apply(a.b, b.b));
+  }
+
+  void blend(IxScanline<float>& dst, IxScanline<float> const& srcA, IxScanline<float> const& srcB,
+             GeInterval<int> const* interval) const override {
+    GeInterval<int> const range = checkedInterval(dst, srcA, srcB, interval);
+    if (range.isEmpty()) return;
+    float* const d = dst.getOrigin();
+    float const* const a = srcA.getOrigin();
+    float const* const b = srcB.getOrigin();
+    if constexpr (Op::HSV) {
+      for (int x = range.min; x < range.max; ++x) d[x] = a[x];
+    } else {
+      int x = range.min;
+      // Scalar until the destination is 16-byte aligned, then four at a time.
+      while (x < range.max && (reinterpret_cast<std::uintptr_t>(d + x) & 15) != 0) {
+        d[x] = Op::apply(a[x], b[x]);
+        ++x;
+      }
+      for (; x + 4 <= range.max; x += 4) _mm_store_ps(d + x, Op::apply(load(a + x), load(b + x)).v);
+      for (; x < range.max; ++x) d[x] = Op::apply(a[x], b[x]);
+    }
+  }
+
+  void blend(IxScanline<Rgba>& dst, IxScanline<Rgba> const& srcA, IxScanline<Rgba> const& srcB,
+             GeInterval<int> const* interval, bool alpha) const override {
+    GeInterval<int> const range = checkedInterval(dst, srcA, srcB, interval);
+    if (range.isEmpty()) return;
+    Rgba* const d = dst.getOrigin() + range.min;
+    Rgba const* const a = srcA.getOrigin() + range.min;
+    Rgba const* const b = srcB.getOrigin() + range.min;
+    int const n = range.max - range.min;
+    if (alpha)
+      blendRgba<true>(d, a, b, n);
+    else
+      blendRgba<false>(d, a, b, n);
+  }
+
+private:
+  // AlphaFromB: the result's alpha is b's; otherwise dst's own alpha stays.
+  template <bool AlphaFromB>
+  static void blendRgba(Rgba* d, Rgba const* a, Rgba const* b, int n) {
+    if constexpr (Op::HSV) {
+      for (int i = 0; i < n; ++i) {
+        Rgb const c = Op::rgb(Rgb(a[i].r, a[i].g, a[i].b), Rgb(b[i].r, b[i].g, b[i].b));
+        d[i].r = c.r;
+        d[i].g = c.g;
+        d[i].b = c.b;
+        if constexpr (AlphaFromB) d[i].a = b[i].a;
+      }
+    } else {
+      M4 const alphaMask{alphaLane()};
+      for (int i = 0; i < n; ++i) {
+        float* const out = &d[i].r;
+        F4 const pb = load(&b[i].r);
+        F4 const colour = Op::apply(load(&a[i].r), pb);
+        F4 const keep = AlphaFromB ? pb : load(out);
+        store(out, Lane<F4>::select(alphaMask, keep, colour));
+      }
+    }
+  }
+};
+
+// ---------------------------------------------------------------------------------------------
+// The table: one operation object per mode, in mode order, deleted when the process ends.
+
+struct BlendTable {
+  std::vector<IxScanlineBlend::Imp*> blendOp;
+  ~BlendTable() {
+    for (IxScanlineBlend::Imp* imp : blendOp) delete imp;
+    blendOp.clear();
+    blendOp.shrink_to_fit();
+  }
+};
+
+BlendTable& table() {
+  static BlendTable instance;
+  return instance;
+}
+
+std::once_flag tableBuilt;
+
+void buildTable() {
+  std::vector<IxScanlineBlend::Imp*>& blendOp = table().blendOp;
+  blendOp.push_back(new BlendUtil<BlendNormal>);
+  blendOp.push_back(new BlendUtil<BlendAverage>);
+  blendOp.push_back(new BlendUtil<BlendAdd>);
+  blendOp.push_back(new BlendUtil<BlendSubtract>);
+  blendOp.push_back(new BlendUtil<BlendDarken>);
+  blendOp.push_back(new BlendUtil<BlendMultiply>);
+  blendOp.push_back(new BlendUtil<BlendColorBurn>);
+  blendOp.push_back(new BlendUtil<BlendLinearBurn>);
+  blendOp.push_back(new BlendUtil<BlendLighten>);
+  blendOp.push_back(new BlendUtil<BlendScreen>);
+  blendOp.push_back(new BlendUtil<BlendColorDodge>);
+  blendOp.push_back(new BlendUtil<BlendLinearDodge>);
+  blendOp.push_back(new BlendUtil<BlendSpotlight>);
+  blendOp.push_back(new BlendUtil<BlendSpotlightBlend>);
+  blendOp.push_back(new BlendUtil<BlendOverlay>);
+  blendOp.push_back(new BlendUtil<BlendSoftLight>);
+  blendOp.push_back(new BlendUtil<BlendHardLight>);
+  blendOp.push_back(new BlendUtil<BlendPinLight>);
+  blendOp.push_back(new BlendUtil<BlendHardMix>);
+  blendOp.push_back(new BlendUtil<BlendDifference>);
+  blendOp.push_back(new BlendUtil<BlendExclusion>);
+  blendOp.push_back(new BlendUtil<BlendHue>);
+  blendOp.push_back(new BlendUtil<BlendSaturation>);
+  blendOp.push_back(new BlendUtil<BlendColor>);
+  blendOp.push_back(new BlendUtil<BlendValue>);
+  ORN_ASSERT_TEXT(blendOp.size() == std::size_t(IxScanlineBlend::NB_BLEND_OPS), "blendOp.size() == NB_BLEND_OPS");
+}
+
+char const* const BLEND_OP_NAMES[IxScanlineBlend::NB_BLEND_OPS] = {
+    "Normal",      "Average",     "Add",        "Subtract",     "Darken",          "Multiply",   "Color Burn",
+    "Linear Burn", "Lighten",     "Screen",     "Color Dodge",  "Linear Dodge",    "Spotlight",  "Spotlight Blend",
+    "Overlay",     "Soft Light",  "Hard Light", "Pin Light",    "Hard Mix",        "Difference", "Exclusion",
+    "Hue",         "Saturation",  "Color",      "Value"};
+
+}  // namespace
+
+IxScanlineBlend::Imp::~Imp() = default;
+
+void IxScanlineBlend::initialize() { std::call_once(tableBuilt, buildTable); }
+
+IxScanlineBlend::IxScanlineBlend(BlendOp op) {
+  // The package builds the table at start; a handle made before that builds it here.
+  std::call_once(tableBuilt, buildTable);
+  _imp = table().blendOp[std::size_t(op)];
+}
+
+char const* IxScanlineBlend::getBlendOpName(BlendOp op) { return BLEND_OP_NAMES[op]; }
+
+RCShdPtr<PiEnumPolicy const> IxScanlineBlend::createInputPolicy(bool hsvModes, BlendOp defaultOp, bool animatable) {
+  PiEnumPolicy::Builder builder;
+  for (int op = BLEND_NORMAL; op <= BLEND_EXCLUSION; ++op) builder.addPair(op, BLEND_OP_NAMES[op]);
+  builder.setDefaultValue(defaultOp);
+  builder.setAnimatable(animatable);
+  if (hsvModes)
+    for (int op = BLEND_HUE; op <= BLEND_VALUE; ++op) builder.addPair(op, BLEND_OP_NAMES[op]);
+  return builder.create();
+}
+
+}  // namespace Orn
