@@ -9,13 +9,13 @@ namespace Orn {
 
 class TcBezierInterpolator : public TcInterpolator {
 public:
-  double evaluate(double time, RCShdPtr<TmKeyframe> const& key, RCShdPtr<TmKeyframe> const& next) const override;
+  double evaluateKeys(double time, TmKeyframe const& key, TmKeyframe const& next) const override;
   void tessellate(RCShdPtr<TmKeyframe const> const& key, RCShdPtr<TmKeyframe const> const& next, double tolerance,
                   Vector<GePoint2<double>>& points) const override;
 
   // Value at time of the segment with ends (t0, v0), (t1, v1) and handles o (out of the first
   // end) and i (into the second), handles already cut.
-  static double evaluateSegment(double time, double t0, double v0, GePoint2<double> const& o,
+  static double evaluateBezier(double time, double t0, double v0, GePoint2<double> const& o,
                                 GePoint2<double> const& i, double t1, double v1);
   // Parameter u of the segment where the normalised time polynomial c3 u^3 + c2 u^2 + c1 u equals
   // x, for handles at normalised times a and b. With several roots the largest in [0, 1] wins,

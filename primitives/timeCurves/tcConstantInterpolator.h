@@ -7,7 +7,7 @@ namespace Orn {
 
 class TcConstantInterpolator : public TcInterpolator {
 public:
-  double evaluate(double time, RCShdPtr<TmKeyframe> const& key, RCShdPtr<TmKeyframe> const& next) const override;
+  double evaluateKeys(double time, TmKeyframe const& key, TmKeyframe const& next) const override;
   // The horizontal run to the next key's time; the step is the start of the next polyline.
   void tessellate(RCShdPtr<TmKeyframe const> const& key, RCShdPtr<TmKeyframe const> const& next, double tolerance,
                   Vector<GePoint2<double>>& points) const override;

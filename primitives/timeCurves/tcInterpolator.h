@@ -16,10 +16,13 @@ public:
   ~TcInterpolator() override;
 
   // Value at time of the segment from key to next; null keys raise RCEx::ExNullPtr.
-  virtual double evaluate(double time, RCShdPtr<TmKeyframe> const& key, RCShdPtr<TmKeyframe> const& next) const = 0;
+  virtual double evaluate(double time, RCShdPtr<TmKeyframe> const& key, RCShdPtr<TmKeyframe> const& next) const;
   // Appends a polyline of the segment, within tolerance in curve units, to points.
   virtual void tessellate(RCShdPtr<TmKeyframe const> const& key, RCShdPtr<TmKeyframe const> const& next,
                           double tolerance, Vector<GePoint2<double>>& points) const = 0;
+  // What evaluate computes, for keys at hand: a keyframe passes itself this way, without making a
+  // handle to itself.
+  virtual double evaluateKeys(double time, TmKeyframe const& key, TmKeyframe const& next) const = 0;
 };
 
 }  // namespace Orn

@@ -53,6 +53,9 @@ public:
   GePoint2<double> getInTangent(RCShdPtr<TmKeyframe const> const& neighbour) const override;
   GePoint2<double> const& getOutTangent() const override { return _outTangent; }
   GePoint2<double> getOutTangent(RCShdPtr<TmKeyframe const> const& neighbour) const override;
+  // The handles cut at a neighbour at the given time, as the two members above do.
+  GePoint2<double> getInTangentCutAt(double neighbourTime) const;
+  GePoint2<double> getOutTangentCutAt(double neighbourTime) const;
 
   // Appends the polyline of the segment from this key to next.
   virtual void tessellate(RCShdPtr<TmKeyframe const> const& next, double tolerance,

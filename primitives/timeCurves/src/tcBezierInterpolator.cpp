@@ -1,9 +1,11 @@
 #include <orn/base/geometryBase/floatUtil.h>
 #include <orn/primitives/timeCurves/tcBezierInterpolator.h>
 #include <orn/primitives/timeCurves/tcConstants.h>
+#include <orn/primitives/timeCurves/tcKeyframe.h>
 
 #include <algorithm>
 #include <cmath>
+#include <typeinfo>
 
 namespace Orn {
 
@@ -17,16 +19,22 @@ GePoint2<double> midpoint(GePoint2<double> const& a, GePoint2<double> const& b) 
 
 }  // namespace
 
-double TcBezierInterpolator::evaluate(double time, RCShdPtr<TmKeyframe> const& key,
-                                      RCShdPtr<TmKeyframe> const& next) const {
-  TmKeyframe const& k = *key;
-  TmKeyframe const& n = *next;
-  GePoint2<double> const o = k.getOutTangent(next);
-  GePoint2<double> const i = n.getInTangent(key);
-  return evaluateSegment(time, k.getTime(), k.getValue(), o, i, n.getTime(), n.getValue());
+double TcBezierInterpolator::evaluateKeys(double time, TmKeyframe const& key, TmKeyframe const& next) const {
+  GePoint2<double> o;
+  GePoint2<double> i;
+  if (typeid(key) == typeid(TcKeyframe) && typeid(next) == typeid(TcKeyframe)) {
+    // Plain keyframes cut their handles without the neighbour handles the interface takes, which
+    // saves their reference counting on every evaluation.
+    o = static_cast<TcKeyframe const&>(key).getOutTangentCutAt(next.getTime());
+    i = static_cast<TcKeyframe const&>(next).getInTangentCutAt(key.getTime());
+  } else {
+    o = key.getOutTangent(RCShdPtr<TmKeyframe const>(&next));
+    i = next.getInTangent(RCShdPtr<TmKeyframe const>(&key));
+  }
+  return evaluateBezier(time, key.getTime(), key.getValue(), o, i, next.getTime(), next.getValue());
 }
 
-double TcBezierInterpolator::evaluateSegment(double time, double t0, double v0, GePoint2<double> const& o,
+double TcBezierInterpolator::evaluateBezier(double time, double t0, double v0, GePoint2<double> const& o,
                                              GePoint2<double> const& i, double t1, double v1) {
   double const dt = t1 - t0;
   if (FloatUtil::isAbsZero(dt, TcConstants::kTimeTolerance)) return v1;

@@ -2,10 +2,8 @@
 
 namespace Orn {
 
-double TcConstantInterpolator::evaluate(double, RCShdPtr<TmKeyframe> const& key,
-                                        RCShdPtr<TmKeyframe> const& next) const {
-  if (next.isNull()) RCExUtil::throwExNullPtr(typeNameOf<TmKeyframe>().c_str());
-  return key->getValue();
+double TcConstantInterpolator::evaluateKeys(double, TmKeyframe const& key, TmKeyframe const&) const {
+  return key.getValue();
 }
 
 void TcConstantInterpolator::tessellate(RCShdPtr<TmKeyframe const> const& key,

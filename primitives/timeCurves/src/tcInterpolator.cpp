@@ -4,4 +4,8 @@ namespace Orn {
 
 TcInterpolator::~TcInterpolator() = default;
 
+double TcInterpolator::evaluate(double time, RCShdPtr<TmKeyframe> const& key, RCShdPtr<TmKeyframe> const& next) const {
+  return evaluateKeys(time, *key, *next);
+}
+
 }  // namespace Orn

@@ -112,7 +112,7 @@ TmKeyframe* TcKeyframe::clone() const {
 }
 
 double TcKeyframe::evaluate(double time, RCShdPtr<TmKeyframe> const& next) const {
-  return _interpolator->evaluate(time, RCShdPtr<TmKeyframe>(const_cast<TcKeyframe*>(this)), next);
+  return _interpolator->evaluateKeys(time, *this, *next);
 }
 
 void TcKeyframe::tessellate(RCShdPtr<TmKeyframe const> const& next, double tolerance,
@@ -174,16 +174,20 @@ int TcKeyframe::getConstraintData() const {
 }
 
 GePoint2<double> TcKeyframe::getOutTangent(RCShdPtr<TmKeyframe const> const& neighbour) const {
-  if (neighbour.isNull()) return _outTangent;
-  double const tn = neighbour->getTime();
+  return neighbour.isNull() ? _outTangent : getOutTangentCutAt(neighbour->getTime());
+}
+
+GePoint2<double> TcKeyframe::getInTangent(RCShdPtr<TmKeyframe const> const& neighbour) const {
+  return neighbour.isNull() ? _inTangent : getInTangentCutAt(neighbour->getTime());
+}
+
+GePoint2<double> TcKeyframe::getOutTangentCutAt(double tn) const {
   if (!(_outTangent.x > tn)) return _outTangent;
   if (FloatUtil::isRelEqual(_outTangent.y, _value)) return GePoint2<double>(tn, _value);
   return GePoint2<double>(tn, _value + (_outTangent.y - _value) * (tn - _time) / (_outTangent.x - _time));
 }
 
-GePoint2<double> TcKeyframe::getInTangent(RCShdPtr<TmKeyframe const> const& neighbour) const {
-  if (neighbour.isNull()) return _inTangent;
-  double const tp = neighbour->getTime();
+GePoint2<double> TcKeyframe::getInTangentCutAt(double tp) const {
   if (!(tp > _inTangent.x)) return _inTangent;
   if (FloatUtil::isRelEqual(_inTangent.y, _value)) return GePoint2<double>(tp, _value);
   return GePoint2<double>(tp, _value + (_inTangent.y - _value) * (_time - tp) / (_time - _inTangent.x));

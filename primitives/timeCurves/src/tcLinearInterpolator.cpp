@@ -2,12 +2,11 @@
 
 namespace Orn {
 
-double TcLinearInterpolator::evaluate(double time, RCShdPtr<TmKeyframe> const& key,
-                                      RCShdPtr<TmKeyframe> const& next) const {
-  double const t0 = key->getTime();
-  double const v0 = key->getValue();
-  double const t1 = next->getTime();
-  double const v1 = next->getValue();
+double TcLinearInterpolator::evaluateKeys(double time, TmKeyframe const& key, TmKeyframe const& next) const {
+  double const t0 = key.getTime();
+  double const v0 = key.getValue();
+  double const t1 = next.getTime();
+  double const v1 = next.getValue();
   return v0 + (time - t0) * (v1 - v0) / (t1 - t0);
 }
 

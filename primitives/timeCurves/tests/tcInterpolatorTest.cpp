@@ -41,6 +41,14 @@ double bisect(std::function<double(double)> const& f, double lo, double hi) {
 // Normalised time polynomial for handles at normalised times a and b.
 double timeAt(double a, double b, double u) { return bernstein(0.0, a, b, 1.0, u); }
 
+// A keyframe whose out handle, as cut for its neighbour, is always (1, 3).
+class FixedOutKey : public TcKeyframe {
+public:
+  FixedOutKey() : TcKeyframe(P(-1, 0), 0.0, 0.0, P(5, 5), TmAnimTypes::INTERPOLATION_BEZIER, 0) {}
+  P getOutTangent(RCShdPtr<TmKeyframe const> const&) const override { return P(1, 3); }
+  using TcKeyframe::getOutTangent;
+};
+
 }  // namespace
 
 TEST(TcInterpolatorTest, ConstantAndLinearSegments) {
@@ -159,6 +167,12 @@ TEST(TcInterpolatorTest, BezierUsesHandlesCutAtTheNeighbour) {
     EXPECT_NEAR(k0->evaluate(2.0 * x, k1), bernstein(0.0, 1.5, 2.0, 2.0, u), 1e-9);
   }
   EXPECT_EQ(k0->getOutTangent(), P(4, 3));
+
+  // A keyframe class of its own cuts its handles its own way.
+  RCShdPtr<TmKeyframe> const own = new FixedOutKey();
+  RCShdPtr<TmKeyframe> const end = makeKey(P(2, 3), 3.0, 3.0, P(4, 3));
+  double const u = bisect([](double s) { return timeAt(1.0 / 3.0, 2.0 / 3.0, s) - 0.5; }, 0.0, 1.0);
+  EXPECT_NEAR(own->evaluate(1.5, end), bernstein(0.0, 3.0, 3.0, 3.0, u), 1e-12);
 }
 
 TEST(TcInterpolatorTest, BezierFlatteningCriterion) {
