@@ -1,10 +1,26 @@
-#include "ipScanlinePipeTestNodes.h"
+// Scanline pipes built from small test nodes: a gain, a difference of two inputs, a box mean with
+// a neighbourhood, and a destination that logs its writes.
 
+#include "ixPixelLoopTestUtil.h"
+#include "ixScanlineTestUtil.h"
+
+#include <orn/primitives/imageProc/ipDestNode.h>
+#include <orn/primitives/imageProc/ipScanlinePipe1In.h>
+#include <orn/primitives/imageProc/ipScanlinePipe2In.h>
+#include <orn/primitives/imageProc/ipSourceNode.h>
+
+#include <algorithm>
+#include <bit>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace OrnTest {
 
 namespace {
+
+using Rgba = CoRgbaColorTyped<float>;
+using Log = std::vector<std::string>;
 
 int const W = 5;
 int const H = 4;
@@ -12,15 +28,116 @@ GeRectangle<int> const FULL(0, W, 0, H);
 Rgba const FILL(0.25f, 0.5f, 0.75f, 1.f);
 float const SENTINEL = -1.f;
 
+Rgba scale(Rgba const& c, float k) { return Rgba(c.r * k, c.g * k, c.b * k, c.a * k); }
+float scale(float v, float k) { return v * k; }
+Rgba minus(Rgba const& a, Rgba const& b) { return Rgba(a.r - b.r, a.g - b.g, a.b - b.b, a.a - b.a); }
+Rgba plus(Rgba const& a, Rgba const& b) { return Rgba(a.r + b.r, a.g + b.g, a.b + b.b, a.a + b.a); }
+float plus(float a, float b) { return a + b; }
+
+// "<node name><line>" for every line computed or written, in order.
+Log events;
+
+// out = gain * in.
+template <class T>
+class GainNode : public IpScanlinePipe1In<T> {
+public:
+  GainNode(RCShdPtr<IpScanlinePipe> const& input, float gain, char const* name = "G")
+      : IpScanlinePipe1In<T>(input), _gain(gain), _name(name) {}
+  using IpScanlinePipe1In<T>::computeScanline;
+  void computeScanline(IxScanline<T>& out, IxScanline<T> const& in) override {
+    events.push_back(_name + std::to_string(this->getCurrentLine()));
+    for (int x = out.getInterval().min; x < out.getInterval().max; ++x) out[x] = scale(in[x], _gain);
+  }
+  Rgba transformFillColor(Rgba const& fill) const override { return scale(fill, _gain); }
+
+private:
+  float _gain;
+  char const* _name;
+};
+
+// out = in1 - in2: the order of the inputs shows.
+template <class T>
+class DifferenceNode : public IpScanlinePipe2In<T> {
+public:
+  DifferenceNode(RCShdPtr<IpScanlinePipe> const& a, RCShdPtr<IpScanlinePipe> const& b) : IpScanlinePipe2In<T>(a, b) {}
+  using IpScanlinePipe2In<T>::computeScanline;
+  void computeScanline(IxScanline<T>& out, IxScanline<T> const& in1, IxScanline<T> const& in2) override {
+    events.push_back("D" + std::to_string(this->getCurrentLine()));
+    for (int x = out.getInterval().min; x < out.getInterval().max; ++x) out[x] = minus(in1[x], in2[x]);
+  }
+  Rgba transformFillColor(Rgba const& a, Rgba const& b) const override { return minus(a, b); }
+};
+
+// Mean over the (2 rx + 1) x (2 ry + 1) box around each pixel. It reads 2 ry + 1 lines of its
+// input, so it asks the input to keep 2 ry lines more (or what another output asked for).
+template <class T>
+class BoxNode : public IpScanlinePipeOutput<T> {
+public:
+  static RCShdPtr<IpScanlinePipe> create(RCShdPtr<IpScanlinePipe> input, int rx, int ry, char const* name = "B") {
+    input->setExtraLinesBuffered(std::max(input->getExtraLinesBuffered(), 2 * ry));
+    return new BoxNode(input, rx, ry, name);
+  }
+  void computeScanline(int y, IxScanline<T>& out) override {
+    events.push_back(_name + std::to_string(y));
+    int const rx = this->getNeighX(), ry = this->getNeighY();
+    for (int x = out.getInterval().min; x < out.getInterval().max; ++x) {
+      T sum = T();
+      for (int dy = -ry; dy <= ry; ++dy)
+        for (int dx = -rx; dx <= rx; ++dx) sum = plus(sum, this->getInputScanline(0, y + dy)[x + dx]);
+      out[x] = scale(sum, 1.f / float((2 * rx + 1) * (2 * ry + 1)));
+    }
+  }
+  Rgba getFillColor() const override { return this->getInputs()[0]->getFillColor(); }
+
+private:
+  BoxNode(RCShdPtr<IpScanlinePipe> const& input, int rx, int ry, char const* name)
+      : IpScanlinePipeOutput<T>(input, rx, ry), _name(name) {}
+  char const* _name;
+};
+
+// A destination that logs "W<y>" for each row it writes.
+class LoggingDest : public IpDestNode {
+public:
+  using IpDestNode::IpDestNode;
+  void processOutputScanline(int y) override {
+    events.push_back("W" + std::to_string(y));
+    IpDestNode::processOutputScanline(y);
+  }
+};
+
+// Component c of pixel (x, y) of the test images: exact small integers, distinct per position.
+float pixelValue(int seed, int x, int y, int c) { return float(seed * 1000 + c * 100 + y * 10 + x); }
+
+// pixelValue with coordinates clamped into FULL (edge padding).
+float clampedValue(int seed, int x, int y, int c) {
+  return pixelValue(seed, std::clamp(x, 0, W - 1), std::clamp(y, 0, H - 1), c);
+}
+
+float getFloat(IxTile const& tile, int x, int y, int c) { return std::bit_cast<float>(getRaw(tile, x, y, c)); }
+
+// A float tile over FULL holding pixelValue(seed, ...), or SENTINEL everywhere when seed < 0.
+IxTile makeFloatTile(int comps, int seed) {
+  IxTile const tile = makeTile(comps, IxPixelFormat::FLOAT32, FULL);
+  for (int y = 0; y < H; ++y)
+    for (int x = 0; x < W; ++x)
+      for (int c = 0; c < comps; ++c)
+        setRaw(tile, x, y, c, std::bit_cast<std::uint32_t>(seed < 0 ? SENTINEL : pixelValue(seed, x, y, c)));
+  return tile;
+}
+
 class IpScanlinePipeTest : public IxScanlineTestBase {
 protected:
+  void SetUp() override {
+    IxScanlineTestBase::SetUp();
+    events.clear();
+  }
   // A source over one float tile of test image `seed`, whose fill colour is FILL.
   static RCShdPtr<IpSourceNode> makeSource(int seed, int comps = 4) {
-    IxTile tile = makeFloatTile(comps, FULL, seed);
+    IxTile tile = makeFloatTile(comps, seed);
     tile.setFillColor(FILL);
     return new IpSourceNode(Vector<IxReadGuard>{IxReadGuard(tile)});
   }
-  static IxTile makeSentinelTile(int comps = 4) { return makeFloatTile(comps, FULL, -1, SENTINEL); }
+  static IxTile makeSentinelTile(int comps = 4) { return makeFloatTile(comps, -1); }
 
   // dst holds expected(x, y, c) inside region and is untouched elsewhere.
   template <class F>
@@ -36,7 +153,7 @@ protected:
   static float boxMean(int seed, int rx, int ry, int x, int y, int c) {
     float sum = 0.f;
     for (int dy = -ry; dy <= ry; ++dy)
-      for (int dx = -rx; dx <= rx; ++dx) sum += clampedValue(seed, W, H, x + dx, y + dy, c);
+      for (int dx = -rx; dx <= rx; ++dx) sum += clampedValue(seed, x + dx, y + dy, c);
     return sum * (1.f / float((2 * rx + 1) * (2 * ry + 1)));
   }
 };
@@ -59,8 +176,6 @@ TEST_F(IpScanlinePipeTest, PointwiseChainWritesItsRegionPollsOncePerComputedLine
   EXPECT_EQ(dst.getTile().getFillColor(), scale(FILL, 2.f));
   EXPECT_EQ(source->getBufferSize(), 1);
   EXPECT_EQ(gain->getBufferSize(), 1);
-  EXPECT_EQ(gain->getAccumulatedDelay(), 0);
-  EXPECT_EQ(source->getCurrentLine(), 2);
 
   // A poll that throws abandons the run: the rows written so far stay.
   polls = 0;
@@ -132,12 +247,11 @@ TEST_F(IpScanlinePipeTest, InputThatRunsAheadOfItsSiblingKeepsMoreLines) {
 }
 
 TEST_F(IpScanlinePipeTest, NodeWithTwoOutputsServesTheUnionAndPushesEachLineDepthFirst) {
-  Log log;
   RCShdPtr<IpSourceNode> const source = makeSource(1);
-  RCShdPtr<IpScanlinePipe> const shared = new GainNode<Rgba>(source, 1.f, &log, "G");
-  RCShdPtr<IpScanlinePipe> const tall = BoxNode<Rgba>::create(shared, 1, 1, &log, "B");
-  RCShdPtr<IpScanlinePipe> const wide = BoxNode<Rgba>::create(shared, 2, 0, &log, "H");
-  RCShdPtr<IpDestNode> const dest = new LoggingDest(new DifferenceNode<Rgba>(tall, wide, &log), &log);
+  RCShdPtr<IpScanlinePipe> const shared = new GainNode<Rgba>(source, 1.f);
+  RCShdPtr<IpScanlinePipe> const tall = BoxNode<Rgba>::create(shared, 1, 1);
+  RCShdPtr<IpScanlinePipe> const wide = BoxNode<Rgba>::create(shared, 2, 0, "H");
+  RCShdPtr<IpDestNode> const dest = new LoggingDest(new DifferenceNode<Rgba>(tall, wide));
   IxTile const out = makeSentinelTile();
   IxWriteGuard dst(out);
   dest->setDstRegion(FULL);
@@ -154,7 +268,7 @@ TEST_F(IpScanlinePipeTest, NodeWithTwoOutputsServesTheUnionAndPushesEachLineDept
   // wide one; the tall box and the difference wait for the lines they need.
   Log const expected = {"G-1", "G0", "H0", "G1", "B0", "D0", "W0", "H1", "G2", "B1", "D1",
                         "W1",  "H2", "G3", "B2", "D2", "W2", "H3", "G4", "B3", "D3", "W3"};
-  EXPECT_EQ(log, expected);
+  EXPECT_EQ(events, expected);
 }
 
 TEST_F(IpScanlinePipeTest, GraphReachingOneSourceByTwoPathsListsItOnce) {
@@ -166,7 +280,7 @@ TEST_F(IpScanlinePipeTest, GraphReachingOneSourceByTwoPathsListsItOnce) {
   dest->getAllInputs(sources);
   EXPECT_EQ(sources, Vector<IpSourceNode*>{source.get()});
 
-  IxTile input = makeFloatTile(4, FULL, 1);
+  IxTile input = makeFloatTile(4, 1);
   input.setFillColor(FILL);
   IxTile const out = makeSentinelTile();
   IxWriteGuard dst(out);
@@ -174,7 +288,6 @@ TEST_F(IpScanlinePipeTest, GraphReachingOneSourceByTwoPathsListsItOnce) {
   dest->process(dst, Vector<IxReadGuard>{IxReadGuard(input)});
   expectImage(out, FULL, [](int x, int y, int c) { return 2.f * pixelValue(1, x, y, c) - 5.f * pixelValue(1, x, y, c); });
   EXPECT_EQ(dst.getTile().getFillColor(), minus(scale(FILL, 2.f), scale(FILL, 5.f)));
-  EXPECT_EQ(source->getCurrentLine(), H - 1);
 }
 
 TEST_F(IpScanlinePipeTest, AlphaPipeRunsOnFloatLines) {
@@ -183,7 +296,6 @@ TEST_F(IpScanlinePipeTest, AlphaPipeRunsOnFloatLines) {
   RCShdPtr<IpScanlinePipe> const box = BoxNode<float>::create(source, 1, 1);
   RCShdPtr<IpScanlinePipe> const gain = new GainNode<float>(box, 0.5f);
   RCShdPtr<IpDestNode> const dest = new IpDestNode(gain);
-  EXPECT_EQ(gain->getOutputComps(), IxPixelFormat::ALPHA);
   IxTile const out = makeSentinelTile(1);
   IxWriteGuard dst(out);
   dest->setDstRegion(FULL);
@@ -210,8 +322,7 @@ TEST_F(IpScanlinePipeTest, ContractViolationsRaiseAndAnEmptyRegionDoesNothing) {
   EXPECT_EQ(conditionOf([&] { gain->setOutputDelay(-1); }), "size >= 0");
   EXPECT_EQ(conditionOf([&] { source->setExtraLinesBuffered(-1); }), "size >= 0");
   EXPECT_EQ(conditionOf([&] { dest->getFillColor(); }), "false");
-  EXPECT_EQ(conditionOf([&] { gain->getOutputScanline(0, static_cast<Rgba*>(nullptr)); }),
-            "! _outputCacheRgba.isNull()");
+  // No ring before a run.
   EXPECT_EQ(conditionOf([&] { gain->getOutputScanline(0, static_cast<float*>(nullptr)); }),
             "! _outputCacheAlpha.isNull()");
   dest->setDstRegion(FULL);
