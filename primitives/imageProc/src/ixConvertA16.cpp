@@ -12,11 +12,11 @@ using PixelA16 = IxPixel<IxPixelCompFloat16, 1>;
 void readBlocks(Rgba* dst, PixelA16 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  __m128i const zero = _mm_setzero_si128();
   for (unsigned i = 0; i < n; i += 8) {
-    __m128i const halves = _mm_load_si128(reinterpret_cast<__m128i const*>(src + i));
-    storeAlphasAsColors(dst + i, halfToFloat4(_mm_unpacklo_epi16(halves, zero)));
-    storeAlphasAsColors(dst + i + 4, halfToFloat4(_mm_unpackhi_epi16(halves, zero)));
+    __m128 lo, hi;
+    halfToFloat8(_mm_load_si128(reinterpret_cast<__m128i const*>(src + i)), lo, hi);
+    storeAlphasAsColors(dst + i, lo);
+    storeAlphasAsColors(dst + i + 4, hi);
   }
 }
 

@@ -87,6 +87,26 @@ inline __m128 halfToFloat4(__m128i h) {
   return _mm_castsi128_ps(_mm_or_si128(magnitude, sign));
 }
 
+// Eight halves to eight floats (lo: the first four, hi: the last four), bit for bit as
+// Half::toFloat. A block without a denormal half (magnitude 1 to 1023) takes the short way in
+// 16-bit lanes: the high word of a float is the magnitude shifted right 3 plus 0x3800 (zero
+// kept) with the sign, the low word the magnitude shifted left 13. Others take halfToFloat4.
+inline void halfToFloat8(__m128i h, __m128& lo, __m128& hi) {
+  __m128i const zero = _mm_setzero_si128();
+  __m128i const m = _mm_and_si128(h, _mm_set1_epi16(0x7FFF));
+  __m128i const nonZero = _mm_cmpgt_epi16(m, zero);
+  if (_mm_movemask_epi8(_mm_and_si128(nonZero, _mm_cmplt_epi16(m, _mm_set1_epi16(0x400))))) {
+    lo = halfToFloat4(_mm_unpacklo_epi16(h, zero));
+    hi = halfToFloat4(_mm_unpackhi_epi16(h, zero));
+    return;
+  }
+  __m128i high = _mm_and_si128(nonZero, _mm_add_epi16(_mm_srli_epi16(m, 3), _mm_set1_epi16(0x3800)));
+  high = _mm_or_si128(high, _mm_and_si128(h, _mm_set1_epi16(short(0x8000))));
+  __m128i const low = _mm_slli_epi16(m, 13);
+  lo = _mm_castsi128_ps(_mm_unpacklo_epi16(low, high));
+  hi = _mm_castsi128_ps(_mm_unpackhi_epi16(low, high));
+}
+
 // The half block rule on eight floats, packed into eight halves. Needs flush-to-zero off.
 inline __m128i blockToHalf8(__m128 lo, __m128 hi) {
   __m128 const limit = _mm_castsi128_ps(splat32(0x477FFFFFu));

@@ -12,16 +12,20 @@ using PixelRGB16 = IxPixel<IxPixelCompFloat16, 3>;
 void readBlocks(Rgba* dst, PixelRGB16 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(dst) % 16 == 0, "dst % 16 == 0");
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0, "src % 16 == 0");
-  // Each block of 8 pixels is 48 bytes; copied into a padded buffer so that every pixel can be
-  // loaded as four halves.
-  alignas(16) unsigned char halves[64] = {};
-  __m128i const zero = _mm_setzero_si128();
+  // Each block of 8 pixels is 24 halves in three registers, r0 g0 b0 r1 | g1 b1 r2 g2 | b2 r3 ...,
+  // widened to six float vectors and regrouped four pixels at a time.
   for (unsigned i = 0; i < n; i += 8) {
     __m128i const* const s = reinterpret_cast<__m128i const*>(src + i);
-    for (int k = 0; k < 3; ++k) _mm_store_si128(reinterpret_cast<__m128i*>(halves) + k, _mm_load_si128(s + k));
-    for (int p = 0; p < 8; ++p) {
-      __m128i const rgbx = _mm_loadl_epi64(reinterpret_cast<__m128i const*>(halves + 6 * p));
-      _mm_store_ps(&dst[i + p].r, withOpaqueAlpha(halfToFloat4(_mm_unpacklo_epi16(rgbx, zero))));
+    __m128 f[6];
+    for (int k = 0; k < 3; ++k) halfToFloat8(_mm_load_si128(s + k), f[2 * k], f[2 * k + 1]);
+    for (int q = 0; q < 2; ++q) {
+      __m128 const a = f[3 * q], b = f[3 * q + 1], c = f[3 * q + 2];
+      __m128 const ab = _mm_shuffle_ps(a, b, _MM_SHUFFLE(1, 0, 3, 3));  // r1 r1 g1 b1
+      Rgba* const d = dst + i + 4 * q;
+      _mm_store_ps(&d[0].r, withOpaqueAlpha(a));
+      _mm_store_ps(&d[1].r, withOpaqueAlpha(_mm_shuffle_ps(ab, ab, _MM_SHUFFLE(3, 3, 2, 1))));
+      _mm_store_ps(&d[2].r, withOpaqueAlpha(_mm_shuffle_ps(b, c, _MM_SHUFFLE(0, 0, 3, 2))));
+      _mm_store_ps(&d[3].r, withOpaqueAlpha(_mm_shuffle_ps(c, c, _MM_SHUFFLE(3, 3, 2, 1))));
     }
   }
 }

@@ -11,11 +11,11 @@ using PixelRGBA16 = IxPixel<IxPixelCompFloat16, 4>;
 
 void readBlocks(Rgba* dst, PixelRGBA16 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0 && addressOf(dst) % 16 == 0, "( src % 16 ) == 0 && ( dst % 16 ) == 0");
-  __m128i const zero = _mm_setzero_si128();
   for (unsigned i = 0; i < n; i += 2) {
-    __m128i const halves = _mm_load_si128(reinterpret_cast<__m128i const*>(src + i));
-    _mm_store_ps(&dst[i].r, halfToFloat4(_mm_unpacklo_epi16(halves, zero)));
-    _mm_store_ps(&dst[i + 1].r, halfToFloat4(_mm_unpackhi_epi16(halves, zero)));
+    __m128 lo, hi;
+    halfToFloat8(_mm_load_si128(reinterpret_cast<__m128i const*>(src + i)), lo, hi);
+    _mm_store_ps(&dst[i].r, lo);
+    _mm_store_ps(&dst[i + 1].r, hi);
   }
 }
 
