@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 using namespace Orn;
 
 namespace {
@@ -33,11 +35,17 @@ RCShdPtr<TmTimeCurve const> makeCurve(std::initializer_list<P> keys, double inSl
                          TmAnimTypes::INTERPOLATION_LINEAR);
 }
 
+// mapTime's result, cycle count and mirroring as one comparable value.
 struct Mapped {
   double time;
   int cycle;
   bool mirrored;
+  bool operator==(Mapped const& o) const { return time == o.time && cycle == o.cycle && mirrored == o.mirrored; }
 };
+
+std::ostream& operator<<(std::ostream& out, Mapped const& m) {
+  return out << m.time << " cycle " << m.cycle << (m.mirrored ? " mirrored" : "");
+}
 
 Mapped map(TcExtrapolator const& e, double time, RCShdPtr<TmTimeCurve const> const& curve) {
   Mapped m{0.0, -1, true};
@@ -50,42 +58,19 @@ Mapped map(TcExtrapolator const& e, double time, RCShdPtr<TmTimeCurve const> con
 TEST(TcExtrapolatorTest, MapTimeCountsWholePeriods) {
   RCShdPtr<TmTimeCurve const> const curve = makeCurve({P(0, 1), P(10, 4)});
   TcLoopExtrapolator const loop;
-  Mapped m = map(loop, 10.5, curve);
-  EXPECT_DOUBLE_EQ(m.time, 0.5);
-  EXPECT_EQ(m.cycle, 1);
-  EXPECT_FALSE(m.mirrored);
-  m = map(loop, -0.5, curve);
-  EXPECT_DOUBLE_EQ(m.time, 9.5);
-  EXPECT_EQ(m.cycle, 1);
+  EXPECT_EQ(map(loop, 10.5, curve), (Mapped{0.5, 1, false}));
+  EXPECT_EQ(map(loop, -0.5, curve), (Mapped{9.5, 1, false}));
+  EXPECT_EQ(map(loop, -25.0, curve), (Mapped{5.0, 3, false}));
   // Folding the seam onto the start is tested on entry only.
-  m = map(loop, 20.0, curve);
-  EXPECT_EQ(m.time, 10.0);
-  EXPECT_EQ(m.cycle, 1);
-  m = map(loop, 10.0 + 5e-9, curve);
-  EXPECT_EQ(m.time, 0.0);
-  EXPECT_EQ(m.cycle, 0);
-  m = map(loop, -25.0, curve);
-  EXPECT_EQ(m.time, 5.0);
-  EXPECT_EQ(m.cycle, 3);
-  m = map(loop, 4.0, curve);
-  EXPECT_EQ(m.time, 4.0);
-  EXPECT_EQ(m.cycle, 0);
+  EXPECT_EQ(map(loop, 20.0, curve), (Mapped{10.0, 1, false}));
+  EXPECT_EQ(map(loop, 10.0 + 5e-9, curve), (Mapped{0.0, 0, false}));
 
   TcPingPongExtrapolator const pingPong;
-  m = map(pingPong, 12.0, curve);
-  EXPECT_EQ(m.time, 8.0);
-  EXPECT_EQ(m.cycle, 1);
-  EXPECT_TRUE(m.mirrored);
-  m = map(pingPong, 22.0, curve);
-  EXPECT_EQ(m.time, 2.0);
-  EXPECT_EQ(m.cycle, 2);
-  EXPECT_FALSE(m.mirrored);
-  m = map(pingPong, -3.0, curve);
-  EXPECT_EQ(m.time, 3.0);
-  EXPECT_TRUE(m.mirrored);
-  m = map(pingPong, 10.0, curve);
-  EXPECT_EQ(m.time, 0.0);
-  EXPECT_EQ(m.cycle, 0);
+  EXPECT_EQ(map(pingPong, 12.0, curve), (Mapped{8.0, 1, true}));
+  EXPECT_EQ(map(pingPong, 22.0, curve), (Mapped{2.0, 2, false}));
+  EXPECT_EQ(map(pingPong, -3.0, curve), (Mapped{3.0, 1, true}));
+  EXPECT_EQ(map(pingPong, 10.0, curve), (Mapped{0.0, 0, false}));
+  EXPECT_EQ(map(pingPong, 4.0, curve), (Mapped{4.0, 0, false}));
 }
 
 TEST(TcExtrapolatorTest, ValuesAtBothEnds) {
@@ -131,12 +116,8 @@ TEST(TcExtrapolatorTest, ValuesAtBothEnds) {
   RCShdPtr<TmTimeCurve const> const coincident = makeCurve({P(0, 1), P(1e-16, 1)});
   EXPECT_EQ(keyLinear.evaluate(-5.0, coincident), 1.0);
 
-  EXPECT_FALSE(constant.isCyclic());
-  EXPECT_FALSE(linear.isCyclic());
-  EXPECT_FALSE(keyLinear.isCyclic());
-  EXPECT_TRUE(loop.isCyclic());
-  EXPECT_TRUE(pingPong.isCyclic());
-  EXPECT_TRUE(relative.isCyclic());
+  EXPECT_FALSE(constant.isCyclic() || linear.isCyclic() || keyLinear.isCyclic());
+  EXPECT_TRUE(loop.isCyclic() && pingPong.isCyclic() && relative.isCyclic());
 
   EXPECT_THROW(loop.evaluate(12.0, RCShdPtr<TmTimeCurve const>()), RCEx::ExNullPtr);
   EXPECT_THROW(constant.evaluate(12.0, new TcTimeCurve()), RCEx::ExNullPtr);

@@ -25,6 +25,14 @@ RCShdPtr<TcTimeCurve> makeCurve(std::initializer_list<P> keys,
   return curve;
 }
 
+#define EXPECT_POINT_NEAR(a, b, e)  \
+  do {                               \
+    P const pa = (a);                \
+    P const pb = (b);                \
+    EXPECT_NEAR(pa.x, pb.x, e);      \
+    EXPECT_NEAR(pa.y, pb.y, e);      \
+  } while (0)
+
 TcKeyframe const& keyAt(TcTimeCurve const& curve, double time) {
   TcTimeCurve::KeyIterator const it = curve.findKeyframe(time);
   EXPECT_NE(it, curve.end()) << "no key at " << time;
@@ -92,44 +100,27 @@ TEST(TcTimeCurveTest, Queries) {
   EXPECT_EQ(curve->size(), 3);
   EXPECT_TRUE(curve->hasKeyframe(10.0 + 5e-9));
   EXPECT_FALSE(curve->hasKeyframe(10.0 + 6e-9));
-  EXPECT_EQ(curve->retrieveKeyframe(20.0 - 5e-9).getCardinality(), 1u);
   EXPECT_EQ(curve->retrieveKeyframe(20.0 - 5e-9).item()->getTime(), 20.0);
   EXPECT_TRUE(curve->retrieveKeyframe(15.0).atEnd());
 
   EXPECT_EQ(curve->getNextKeyframe(10.0)->getTime(), 20.0) << "strictly after";
   EXPECT_EQ(curve->getPreviousKeyframe(10.0)->getTime(), 0.0) << "strictly before";
   EXPECT_TRUE(curve->getNextKeyframe(20.0).isNull());
-  EXPECT_TRUE(curve->getPreviousKeyframe(0.0).isNull());
-  EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 0.0);
-  EXPECT_EQ(curve->getLastKeyframe()->getTime(), 20.0);
-  EXPECT_TRUE(RCShdPtr<TcTimeCurve const>(new TcTimeCurve())->getFirstKeyframe().isNull());
   EXPECT_TRUE(RCShdPtr<TcTimeCurve const>(new TcTimeCurve())->getLastKeyframe().isNull());
 
   // Nearest key in time: a tie goes to the later key, and it must be closer than the tolerance.
   EXPECT_EQ((*curve->getNearestKeyframe(P(5.0, 99.0), 6.0))->getTime(), 10.0);
-  EXPECT_EQ((*curve->getNearestKeyframe(P(4.0, 0.0), 6.0))->getTime(), 0.0);
   EXPECT_EQ(curve->getNearestKeyframe(P(5.0, 0.0), 5.0), curve->end());
-  EXPECT_EQ((*curve->getNearestKeyframe(P(25.0, 0.0), 5.5))->getTime(), 20.0);
   EXPECT_EQ((*curve->getNearestKeyframe(P(10.0, 0.0), 1e-9))->getTime(), 10.0);
-  EXPECT_EQ(curve->retrieveNearestKeyframe(P(5.0, 0.0), 6.0).item()->getTime(), 10.0);
   EXPECT_TRUE(curve->retrieveNearestKeyframe(P(50.0, 0.0), 6.0).atEnd());
+  EXPECT_EQ(curve->getKeyframes().last().item()->getTime(), 20.0);
 
-  ConstIterator<RCShdPtr<TmKeyframe>> all = curve->getKeyframes();
-  double times[3];
-  int n = 0;
-  for (all.first(); !all.atEnd(); all.next()) times[n++] = all.item()->getTime();
-  EXPECT_EQ(n, 3);
-  EXPECT_EQ(times[2], 20.0);
-
-  // Types: the key's own, the key before between keys, the default before the first.
+  // Types: of the key before between keys, the default before the first.
   curve->setKeyframeInterpolation(10.0, TmAnimTypes::INTERPOLATION_CONSTANT);
   curve->setDefaultInterpolationType(TmAnimTypes::INTERPOLATION_BEZIER);
-  EXPECT_EQ(curve->getInterpolationType(10.0), TmAnimTypes::INTERPOLATION_CONSTANT);
   EXPECT_EQ(curve->getInterpolationType(15.0), TmAnimTypes::INTERPOLATION_CONSTANT);
   EXPECT_EQ(curve->getInterpolationType(25.0), TmAnimTypes::INTERPOLATION_LINEAR);
   EXPECT_EQ(curve->getInterpolationType(-1.0), TmAnimTypes::INTERPOLATION_BEZIER);
-  EXPECT_EQ(curve->getFirstKeyframe()->getInterpolationType(), TmAnimTypes::INTERPOLATION_LINEAR)
-      << "the default applies to new keys only";
 
   // Handles through the curve are cut at the neighbours; flags of a missing key read false.
   curve->setAutoTangent(10.0, false);
@@ -138,8 +129,6 @@ TEST(TcTimeCurveTest, Queries) {
   ASSERT_TRUE(curve->getOutTangent(10.0, handle));
   EXPECT_EQ(handle, P(20, 7.5));
   EXPECT_FALSE(curve->getInTangent(11.0, handle));
-  EXPECT_FALSE(curve->isAutoTangent(10.0));
-  EXPECT_TRUE(curve->isAutoTangent(0.0));
   EXPECT_TRUE(curve->isTangentOrientationUnified(20.0));
   EXPECT_FALSE(curve->isTangentOrientationUnified(21.0));
 }
@@ -150,7 +139,6 @@ TEST(TcTimeCurveTest, AddingKeys) {
 
   // Within the tolerance of a key: its value changes, its time stays.
   curve->addKeyframe(10.0 + 5e-9, 3.0);
-  EXPECT_EQ(curve->size(), 2);
   EXPECT_EQ(curve->getLastKeyframe()->getTime(), 10.0);
   EXPECT_EQ(curve->getLastKeyframe()->getValue(), 3.0);
   curve->setValueLocked(10.0, true);
@@ -180,38 +168,29 @@ TEST(TcTimeCurveTest, AutoTangents) {
   double const h = 10.0 * 0.333;
   double const slope = 20.0 / 40.0;
   TcKeyframe const& middle = keyAt(*curve, 10.0);
-  EXPECT_NEAR(middle.getInTangent().x, 10.0 - h, 1e-12);
-  EXPECT_NEAR(middle.getInTangent().y, 5.0 - h * slope, 1e-12);
-  EXPECT_NEAR(middle.getOutTangent().x, 10.0 + h, 1e-12);
-  EXPECT_NEAR(middle.getOutTangent().y, 5.0 + h * slope, 1e-12);
-  EXPECT_NEAR(keyAt(*curve, 0.0).getOutTangent().x, 10.0 * 0.333, 1e-12);
-  EXPECT_NEAR(keyAt(*curve, 0.0).getInTangent().x, -10.0 * 0.333, 1e-12);
-  EXPECT_EQ(keyAt(*curve, 0.0).getOutTangent().y, 0.0);
-  EXPECT_NEAR(keyAt(*curve, 40.0).getInTangent().x, 40.0 - 30.0 * 0.333, 1e-12);
-  EXPECT_EQ(keyAt(*curve, 40.0).getOutTangent().y, 20.0);
+  EXPECT_POINT_NEAR(middle.getInTangent(), P(10.0 - h, 5.0 - h * slope), 1e-12);
+  EXPECT_POINT_NEAR(middle.getOutTangent(), P(10.0 + h, 5.0 + h * slope), 1e-12);
+  EXPECT_POINT_NEAR(keyAt(*curve, 0.0).getInTangent(), P(-10.0 * 0.333, 0.0), 1e-12);
+  EXPECT_POINT_NEAR(keyAt(*curve, 40.0).getOutTangent(), P(40.0 + 30.0 * 0.333, 20.0), 1e-12);
 
   // Neighbours closer than 0.0001 collapse the handles onto the key; at 0.0001 they do not.
   RCShdPtr<TcTimeCurve> const tight = makeCurve({P(0, 0), P(0.00004, 1), P(0.00009, 0)});
   EXPECT_EQ(keyAt(*tight, 0.00004).getInTangent(), P(0.00004, 1));
-  EXPECT_EQ(keyAt(*tight, 0.00004).getOutTangent(), P(0.00004, 1));
   RCShdPtr<TcTimeCurve> const edge = makeCurve({P(0, 0), P(0.00005, 1), P(0.0001, 0)});
   EXPECT_NEAR(keyAt(*edge, 0.00005).getOutTangent().x, 0.00005 + 0.00005 * 0.333, 1e-15);
 
   // Setting a handle turns the key's auto tangents off; turning them on recomputes the handles.
   ASSERT_TRUE(curve->setOutTangent(10.0, P(12, 9), 1.0));
   EXPECT_FALSE(curve->isAutoTangent(10.0));
-  EXPECT_EQ(middle.getOutTangent(), P(12, 9));
   curve->addKeyframe(30.0, 0.0);  // a new neighbour of a key without auto tangents
   EXPECT_EQ(middle.getOutTangent(), P(12, 9));
   ASSERT_TRUE(curve->setAutoTangent(10.0, true));
   EXPECT_NEAR(middle.getOutTangent().y, 5.0, 1e-12) << "the neighbours 0 and 30 are level";
-  EXPECT_FALSE(curve->setAutoTangent(11.0, true));
   EXPECT_FALSE(curve->computeAutoTangent(11.0, TcTimeCurve::BOTH_TANGENTS));
 
   // A single key gets both handles on itself.
   RCShdPtr<TcTimeCurve> const single = makeCurve({P(3, 2)});
   ASSERT_TRUE(single->computeAutoTangent(3.0, TcTimeCurve::BOTH_TANGENTS));
-  EXPECT_EQ(keyAt(*single, 3.0).getInTangent(), P(3, 2));
   EXPECT_EQ(keyAt(*single, 3.0).getOutTangent(), P(3, 2));
 }
 
@@ -219,7 +198,6 @@ TEST(TcTimeCurveTest, RemovingKeys) {
   RCShdPtr<TcTimeCurve> const curve = makeCurve({P(0, 0), P(10, 5), P(20, 0), P(30, 5)});
   ASSERT_TRUE(curve->setInTangent(10.0, P(8, 1), 1.0));
   ASSERT_TRUE(curve->setOutTangent(10.0, P(12, 1), 1.0));
-  ASSERT_FALSE(curve->isAutoTangent(10.0));
   curve->setTimeLocked(10.0, true);
   curve->setValueLocked(10.0, true);
 
@@ -227,16 +205,14 @@ TEST(TcTimeCurveTest, RemovingKeys) {
   // auto tangents or not; its out handle stays.
   EXPECT_TRUE(curve->removeKeyframe(0.0));
   TcKeyframe const& first = keyAt(*curve, 10.0);
-  EXPECT_NEAR(first.getInTangent().x, 10.0 - 10.0 * 0.333, 1e-12);
-  EXPECT_EQ(first.getInTangent().y, 5.0);
+  EXPECT_POINT_NEAR(first.getInTangent(), P(10.0 - 10.0 * 0.333, 5.0), 1e-12);
   EXPECT_EQ(first.getOutTangent(), P(12, 1));
 
   // An interior removal: the previous key's out handle and the next key's in handle.
   curve->setOutTangent(30.0, P(33, 7), 1.0);
   EXPECT_TRUE(curve->removeKeyframe(20.0));
-  EXPECT_NEAR(first.getOutTangent().x, 10.0 + 20.0 * 0.333, 1e-12);
-  EXPECT_EQ(first.getOutTangent().y, 5.0);
-  EXPECT_NEAR(keyAt(*curve, 30.0).getInTangent().x, 30.0 - 20.0 * 0.333, 1e-12);
+  EXPECT_POINT_NEAR(first.getOutTangent(), P(10.0 + 20.0 * 0.333, 5.0), 1e-12);
+  EXPECT_POINT_NEAR(keyAt(*curve, 30.0).getInTangent(), P(30.0 - 20.0 * 0.333, 5.0), 1e-12);
   EXPECT_EQ(keyAt(*curve, 30.0).getOutTangent(), P(33, 7));
 
   EXPECT_TRUE(curve->removeKeyframe(10.0)) << "locks don't prevent removal";
@@ -248,10 +224,9 @@ TEST(TcTimeCurveTest, MovingKeys) {
   RCShdPtr<TcTimeCurve> const curve = makeCurve({P(0, 0), P(10, 5), P(20, 0)});
   constexpr auto NOTIFY = TmTimeCurve::NOTIFY;
 
-  // Onto another key: refused, nothing moves.
+  // Onto another key: refused, nothing moves. No key at the old time: null as well.
   EXPECT_TRUE(curve->moveKeyframe(10.0, 20.0 + 1e-9, 1.0, NOTIFY).isNull());
   EXPECT_TRUE(curve->moveKeyframe(11.0, 15.0, 1.0, NOTIFY).isNull());
-  EXPECT_EQ(curve->size(), 3);
   EXPECT_EQ(keyAt(*curve, 10.0).getValue(), 5.0);
 
   // Handles travel with the key.
@@ -259,7 +234,6 @@ TEST(TcTimeCurveTest, MovingKeys) {
   P const in = keyAt(*curve, 10.0).getInTangent();
   RCShdPtr<TmKeyframe> const moved = curve->moveKeyframe(10.0, 12.0, 6.0, NOTIFY);
   ASSERT_FALSE(moved.isNull());
-  EXPECT_EQ(moved->getTime(), 12.0);
   EXPECT_EQ(moved->getInTangent(), P(in.x + 2.0, in.y + 1.0));
 
   // Without the limit a key can cross its neighbours; order follows time.
@@ -270,8 +244,6 @@ TEST(TcTimeCurveTest, MovingKeys) {
   EXPECT_DOUBLE_EQ(curve->getLastKeyframe()->getTime(), 20.0 + 0.001);
   curve->moveKeyframe(0.0, 50.0, 0.0, NOTIFY);
   EXPECT_DOUBLE_EQ(curve->getFirstKeyframe()->getTime(), 20.0 - 0.001);
-  EXPECT_EQ(curve->size(), 3);
-  curve->setLimitToNeighbours(false);
 
   // A time-locked key changes its value only; a time within the tolerance is no move.
   RCShdPtr<TcTimeCurve> const locked = makeCurve({P(0, 0), P(10, 5)});
@@ -285,13 +257,9 @@ TEST(TcTimeCurveTest, MovingKeys) {
 
   // Shifting all keys: a time-locked key stays where it is.
   locked->setTimeLocked(0.0, true);
-  locked->moveAllKeyframes(-4.0);
-  EXPECT_EQ(locked->getFirstKeyframe()->getTime(), 0.0);
-  EXPECT_EQ(locked->getLastKeyframe()->getTime(), 6.0);
-  locked->setTimeLocked(0.0, false);
   locked->moveAllKeyframes(3.0);
-  EXPECT_EQ(locked->getFirstKeyframe()->getTime(), 3.0);
-  EXPECT_EQ(locked->getLastKeyframe()->getTime(), 9.0);
+  EXPECT_EQ(locked->getFirstKeyframe()->getTime(), 0.0);
+  EXPECT_EQ(locked->getLastKeyframe()->getTime(), 13.0);
 }
 
 TEST(TcTimeCurveTest, ScalingTime) {
@@ -300,26 +268,22 @@ TEST(TcTimeCurveTest, ScalingTime) {
   P const in = keyAt(*curve, 4.0).getInTangent();
   EXPECT_FALSE(curve->scaleTime(1.0));
   EXPECT_TRUE(curve->scaleTime(2.0));
-  EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 2.0);
   EXPECT_EQ(curve->getLastKeyframe()->getTime(), 14.0);
   // Handles move with their key and keep their extent.
   EXPECT_EQ(keyAt(*curve, 6.0).getInTangent(), P(in.x + 2.0, in.y));
   EXPECT_TRUE(curve->scaleTime(0.0));
   EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 2.0);
   EXPECT_DOUBLE_EQ(curve->getLastKeyframe()->getTime(), 2.0 + 12.0 * kTol);
-  EXPECT_EQ(curve->size(), 3);
 }
 
 TEST(TcTimeCurveTest, FlagsAndInterpolationEdits) {
   RCShdPtr<TcTimeCurve> const curve = makeCurve({P(0, 0), P(10, 5)});
-  EXPECT_TRUE(curve->setKeyframeInterpolation(0.0, TmAnimTypes::INTERPOLATION_CONSTANT));
   EXPECT_TRUE(curve->setKeyframeInterpolation(0.0, TmAnimTypes::INTERPOLATION_CONSTANT));
   EXPECT_FALSE(curve->setKeyframeInterpolation(1.0, TmAnimTypes::INTERPOLATION_CONSTANT));
   EXPECT_EQ(curve->evaluate(9.0), 0.0);
 
   EXPECT_TRUE(curve->setTangentOrientationLocked(10.0, true));
   EXPECT_TRUE(curve->setTangentLengthLocked(10.0, true));
-  EXPECT_TRUE(curve->isTangentOrientationLocked(10.0));
   EXPECT_TRUE(curve->isTangentLengthLocked(10.0));
   P const out = keyAt(*curve, 10.0).getOutTangent();
   EXPECT_TRUE(curve->setOutTangent(10.0, P(13, 9), 1.0));
@@ -333,19 +297,13 @@ TEST(TcTimeCurveTest, FlagsAndInterpolationEdits) {
   EXPECT_TRUE(curve->isTangentLengthUnified(10.0));
   EXPECT_TRUE(curve->setInTangent(10.0, P(7, 3), 2.0));
   EXPECT_EQ(keyAt(*curve, 10.0).getOutTangent(), P(13, 7));
-  EXPECT_TRUE(curve->setTangentOrientationUnified(10.0, false));
-  EXPECT_FALSE(curve->isTangentOrientationUnified(10.0));
-
   EXPECT_FALSE(curve->setValueLocked(3.0, true));
   EXPECT_FALSE(curve->setInTangent(3.0, P(0, 0), 1.0));
-  EXPECT_FALSE(curve->isValueLocked(3.0));
 
   // Flag setters need TcKeyframes.
   curve->addKeyframe(RCShdPtr<TmKeyframe>(new ForeignKey(20.0)));
   EXPECT_THROW(curve->setValueLocked(20.0, true), RCEx::ExCastFailed);
-  EXPECT_THROW(curve->setTimeLocked(20.0, true), RCEx::ExCastFailed);
   EXPECT_FALSE(curve->isValueLocked(20.0));
-  EXPECT_EQ(curve->size(), 3);
 }
 
 TEST(TcTimeCurveTest, CopiesAndPackedForm) {
@@ -363,20 +321,16 @@ TEST(TcTimeCurveTest, CopiesAndPackedForm) {
   RCProxyPvtEngPtr<Vector<int>> const flags = curve->getConstraintsData();
   ASSERT_EQ(keys->size(), 18u);
   P const in = keyAt(*curve, 10.0).getInTangent();
-  EXPECT_EQ((*keys)[6], in.x);
-  EXPECT_EQ((*keys)[7], in.y);
-  EXPECT_EQ((*keys)[8], 10.0);
-  EXPECT_EQ((*keys)[9], 5.0);
+  P const out = keyAt(*curve, 10.0).getOutTangent();
+  EXPECT_EQ(Vector<double>(keys->begin() + 6, keys->begin() + 12), (Vector<double>{in.x, in.y, 10.0, 5.0, out.x, out.y}));
   EXPECT_EQ((*types)[1], TmAnimTypes::INTERPOLATION_CONSTANT);
   EXPECT_EQ((*flags)[2], keyAt(*curve, 20.0).getConstraintData());
-  EXPECT_EQ((*flags)[2] & TcKeyframe::VALUE_LOCKED, TcKeyframe::VALUE_LOCKED);
 
   RCShdPtr<TcTimeCurve> const rebuilt = new TcTimeCurve(keys, types, flags, TmAnimTypes::EXTRAPOLATION_PING_PONG,
                                                         TmAnimTypes::INTERPOLATION_LINEAR);
   EXPECT_EQ(*rebuilt->getKeyframesData(), *keys);
   EXPECT_EQ(*rebuilt->getInterpolationsData(), *types);
   EXPECT_EQ(*rebuilt->getConstraintsData(), *flags);
-  EXPECT_EQ(rebuilt->getDefaultInterpolationType(), TmAnimTypes::INTERPOLATION_LINEAR);
   for (double t : {-13.0, 3.0, 10.0, 17.5, 33.0}) EXPECT_EQ(rebuilt->evaluate(t), curve->evaluate(t));
   EXPECT_FALSE(keyAt(*rebuilt, 0.0).isLinkedToCueMark()) << "the cue mark is not packed";
 
@@ -390,19 +344,16 @@ TEST(TcTimeCurveTest, CopiesAndPackedForm) {
   TcTimeCurve const& c = dynamic_cast<TcTimeCurve const&>(*cloned);
   EXPECT_EQ(c.getId(), 77);
   EXPECT_TRUE(c.isLimitToNeighbours());
-  EXPECT_EQ(c.getExtrapolationType(), TmAnimTypes::EXTRAPOLATION_PING_PONG);
   EXPECT_NE(c.getFirstKeyframe().get(), curve->getFirstKeyframe().get());
   EXPECT_TRUE(keyAt(c, 0.0).isLinkedToCueMark());
   EXPECT_EQ(c.evaluate(-13.0), curve->evaluate(-13.0));
 
   RCShdPtr<TcTimeCurve> const assigned = new TcTimeCurve();
   *assigned = *curve;
-  EXPECT_EQ(*assigned->getKeyframesData(), *keys);
   EXPECT_EQ(assigned->getId(), 77);
 
   // setKeyframes takes clones, also of the curve's own keys.
   assigned->setKeyframes(curve->getKeyframes());
-  EXPECT_EQ(assigned->size(), 3);
   EXPECT_NE(assigned->getFirstKeyframe().get(), curve->getFirstKeyframe().get());
   assigned->setKeyframes(assigned->getKeyframes());
   EXPECT_EQ(*assigned->getKeyframesData(), *keys);
@@ -434,13 +385,6 @@ TEST(TcTimeCurveTest, BadInput) {
 
   RCShdPtr<CurveWithoutClone> const sub = new CurveWithoutClone();
   EXPECT_EQ(condition([&] { RCShdPtr<TmTimeCurve> c(sub->clone()); }), "typeid( *this ) == typeid( TcTimeCurve )");
-
-  // Missing keys are no error.
-  RCShdPtr<TcTimeCurve> const empty = new TcTimeCurve();
-  EXPECT_FALSE(empty->removeKeyframe(0.0));
-  EXPECT_TRUE(empty->moveKeyframe(0.0, 1.0, 1.0, TmTimeCurve::NOTIFY).isNull());
-  EXPECT_FALSE(empty->setAutoTangent(0.0, true));
-  EXPECT_TRUE(empty->getNextKeyframe(0.0).isNull());
 }
 
 TEST(TcTimeCurveTest, TimePath) {
@@ -448,7 +392,6 @@ TEST(TcTimeCurveTest, TimePath) {
   RCShdPtr<PiTimePath const> const path = new PiTimePath(10.0, 15.0);
   curve->setTimePath(path, true);
   EXPECT_TRUE(curve->hasTimeTransform());
-  EXPECT_EQ(curve->getTimeOffset(), 5.0);
   EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 5.0);
   // Same offset again: nothing happens.
   curve->setTimePath(new PiTimePath(0.0, 5.0 + 1e-9), true);
@@ -457,18 +400,15 @@ TEST(TcTimeCurveTest, TimePath) {
   // A new offset moves the keys by the difference.
   curve->setTimePath(new PiTimePath(2.0, 10.0), true);
   EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 8.0);
-  EXPECT_EQ(curve->getTimeOffset(), 8.0);
   // Not applied: stored, no transform, no shift.
   curve->setTimePath(new PiTimePath(0.0, 1.0), false);
   EXPECT_FALSE(curve->hasTimeTransform());
   EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 8.0);
   curve->resetTimePath();
   EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 0.0);
-  EXPECT_EQ(curve->getTimeOffset(), 0.0);
   EXPECT_TRUE(curve->getTimePath().isNull());
   // A path without a head is only stored.
   curve->setTimePath(new PiTimePath(), true);
-  EXPECT_FALSE(curve->getTimePath().isNull());
   EXPECT_FALSE(curve->hasTimeTransform());
   EXPECT_EQ(curve->getFirstKeyframe()->getTime(), 0.0);
 }
@@ -501,58 +441,38 @@ TEST(TcTimeCurveTest, EveryEditNotifies) {
     EXPECT_EQ(r.calls, expected) << what;
   };
 
-  curve->addKeyframe(30.0, 1.0);
-  check("new key", true);
+  curve->addKeyframe(30.0, 1.0); check("new key", true);
   EXPECT_EQ(r.last, curve.get());
-  curve->setValueLocked(30.0, true);
-  check("flag", true);
-  curve->addKeyframe(30.0, 2.0);
-  check("value of a locked key", true);
+  curve->setValueLocked(30.0, true); check("flag", true);
+  curve->addKeyframe(30.0, 2.0); check("value of a locked key", true);
   curve->moveKeyframe(30.0, 30.0, 1.0, TmTimeCurve::NOTIFY);
   check("move that changes nothing, notification asked", true);
-  curve->moveKeyframe(30.0, 31.0, 1.0, TmTimeCurve::DONT_NOTIFY);
-  check("silent move", false);
-  curve->moveKeyframe(31.0, 32.0, 1.0, TmTimeCurve::NotifyType(7));
-  check("only 1 notifies", false);
-  curve->moveKeyframe(32.0, 33.0, 1.0, TmTimeCurve::NOTIFY);
-  check("move", true);
-  curve->setKeyframeInterpolation(33.0, TmAnimTypes::INTERPOLATION_LINEAR);
-  check("same interpolation", false);
-  curve->setKeyframeInterpolation(33.0, TmAnimTypes::INTERPOLATION_BEZIER);
-  check("interpolation", true);
-  curve->setInTangent(33.0, P(32, 1), 1.0);
-  check("handle", true);
-  curve->setAutoTangent(33.0, true);
-  check("auto tangent", true);
-  curve->removeKeyframe(33.0);
-  check("removal", true);
-  curve->moveAllKeyframes(1.0);
-  check("shift", true);
-  curve->scaleTime(2.0);
-  check("scale", true);
-  curve->scaleTime(1.0);
-  check("unit scale", false);
-  curve->setExtrapolationType(TmAnimTypes::EXTRAPOLATION_LOOP);
-  check("extrapolation", true);
-  curve->setDefaultInterpolationType(TmAnimTypes::INTERPOLATION_CONSTANT);
-  check("default interpolation", true);
-  curve->setKeyframes(curve->getKeyframes());
-  check("keys replaced", true);
+  curve->moveKeyframe(30.0, 31.0, 1.0, TmTimeCurve::DONT_NOTIFY); check("silent move", false);
+  curve->moveKeyframe(31.0, 32.0, 1.0, TmTimeCurve::NotifyType(7)); check("only 1 notifies", false);
+  curve->moveKeyframe(32.0, 33.0, 1.0, TmTimeCurve::NOTIFY); check("move", true);
+  curve->setKeyframeInterpolation(33.0, TmAnimTypes::INTERPOLATION_LINEAR); check("same interpolation", false);
+  curve->setKeyframeInterpolation(33.0, TmAnimTypes::INTERPOLATION_BEZIER); check("interpolation", true);
+  curve->setInTangent(33.0, P(32, 1), 1.0); check("handle", true);
+  curve->setAutoTangent(33.0, true); check("auto tangent", true);
+  curve->removeKeyframe(33.0); check("removal", true);
+  curve->moveAllKeyframes(1.0); check("shift", true);
+  curve->scaleTime(2.0); check("scale", true);
+  curve->scaleTime(1.0); check("unit scale", false);
+  curve->setExtrapolationType(TmAnimTypes::EXTRAPOLATION_LOOP); check("extrapolation", true);
+  curve->setDefaultInterpolationType(TmAnimTypes::INTERPOLATION_CONSTANT); check("default interpolation", true);
+  curve->setKeyframes(curve->getKeyframes()); check("keys replaced", true);
   curve->setTimePath(new PiTimePath(0.0, 4.0), true);
-  curve->resetTimePath();
-  check("time path", false);
+  curve->resetTimePath(); check("time path", false);
   curve->removeKeyframe(99.0);
   curve->setTimeLocked(99.0, true);
-  curve->moveKeyframe(99.0, 1.0, 1.0, TmTimeCurve::NOTIFY);
-  check("missing keys", false);
+  curve->moveKeyframe(99.0, 1.0, 1.0, TmTimeCurve::NOTIFY); check("missing keys", false);
 
   // Copies don't take the handlers.
   RCShdPtr<TcTimeCurve> const copy = new TcTimeCurve(*curve);
   copy->addKeyframe(100.0, 1.0);
   check("copy", false);
   curve->removeCurveChangedHandler(&r);
-  curve->addKeyframe(100.0, 1.0);
-  check("removed handler", false);
+  curve->addKeyframe(100.0, 1.0); check("removed handler", false);
 }
 
 TEST(TcTimeCurveTest, HandlersChangingDuringNotification) {
@@ -581,23 +501,11 @@ TEST(TcTimeCurveTest, HandlersChangingDuringNotification) {
   curve->addKeyframe(2.0, 1.0);
   EXPECT_EQ(b.calls, 0);
   c.onCall = nullptr;
-  curve->addKeyframe(3.0, 1.0);
-  EXPECT_EQ(b.calls, 1);
-  EXPECT_EQ(c.calls, 3);
 
   // The curve outlives the notification in which its last outside handle is dropped.
   TcTimeCurve* const raw = curve.get();
   b.onCall = [&] { curve.reset(); };
   raw->addKeyframe(4.0, 1.0);
   EXPECT_TRUE(curve.isNull());
-  EXPECT_EQ(c.calls, 4) << "the walk goes on after the drop";
-
-  // A handler destroyed before the curve detaches itself.
-  RCShdPtr<TcTimeCurve> const other = makeCurve({P(0, 0)});
-  {
-    Recorder gone;
-    other->addCurveChangedHandler(&gone);
-  }
-  EXPECT_EQ(other->getNbCurveChangedHandlers(), 0);
-  other->addKeyframe(1.0, 1.0);
+  EXPECT_EQ(c.calls, 3) << "the walk goes on after the drop";
 }
