@@ -1,0 +1,150 @@
+// ipLutApply in its three forms and ipLutGammaApply.
+
+#include <gtest/gtest.h>
+#include <orn/primitives/imageProc/ipLut.h>
+#include <orn/primitives/imageProc/ipLutGamma.h>
+#include <orn/primitives/imageProc/ixLutUtils.h>
+
+#include <cmath>
+
+#include "ipOperatorTestUtil.h"
+
+using namespace OrnTest;
+
+namespace {
+
+GeRectangle<int> const REGION(0, 4, 0, 2);
+
+IxPixelFormat formatOf(IxPixelFormat::Depth depth) { return IxPixelFormat(IxPixelFormat::RGBA, depth); }
+
+// An 8-bit table with entry i = f(i).
+template <class F>
+IxGenericLut byteTable(F f) {
+  IxGenericLut lut(formatOf(IxPixelFormat::UINT8), formatOf(IxPixelFormat::UINT8));
+  for (int i = 0; i < 256; ++i) static_cast<std::uint8_t*>(lut.getTable())[i] = std::uint8_t(f(i));
+  return lut;
+}
+
+// A float-indexed table of the output depth with entry i = f(i / 16383).
+template <class F>
+IxGenericLut floatTable(IxPixelFormat::Depth out, F f) {
+  IxGenericLut lut(formatOf(out), formatOf(IxPixelFormat::FLOAT32));
+  for (int i = 0; i < 16384; ++i) {
+    float const v = f(float(i) / 16383.f);
+    if (out == IxPixelFormat::FLOAT32) static_cast<float*>(lut.getTable())[i] = v;
+    if (out == IxPixelFormat::FLOAT16) static_cast<Half::Bits*>(lut.getTable())[i] = Half::fromFloat(v);
+    if (out == IxPixelFormat::UINT8) static_cast<std::uint8_t*>(lut.getTable())[i] = std::uint8_t(v);
+  }
+  return lut;
+}
+
+}  // namespace
+
+TEST(IpLut, ByteTablesAndTheAlphaOfEachForm) {
+  IxTile const src = makeTile(4, IxPixelFormat::UINT8, REGION), dst = makeTile(4, IxPixelFormat::UINT8, REGION);
+  fillPattern(src, 1);
+  IxGenericLut const invert = byteTable([](int i) { return 255 - i; });
+  IxGenericLut const same = byteTable([](int i) { return i; });
+  // One table: every component, alpha too.
+  ipLutApply(IxWriteGuard(dst), IxReadGuard(src), invert, nullptr, nullptr);
+  for (int c = 0; c < 4; ++c) EXPECT_EQ(getRaw(dst, 2, 1, c), 255 - getRaw(src, 2, 1, c));
+  // Three tables: alpha is only carried over.
+  ipLutApply(IxWriteGuard(dst), IxReadGuard(src), invert, same, invert, nullptr, nullptr);
+  for (int y = 0; y < 2; ++y)
+    for (int x = 0; x < 4; ++x) {
+      EXPECT_EQ(getRaw(dst, x, y, 0), 255 - getRaw(src, x, y, 0));
+      EXPECT_EQ(getRaw(dst, x, y, 1), getRaw(src, x, y, 1));
+      EXPECT_EQ(getRaw(dst, x, y, 3), getRaw(src, x, y, 3));
+    }
+  // Three components, and a region clipped to the tiles.
+  IxTile const rgb = makeTile(3, IxPixelFormat::UINT8, REGION), rgbOut = makeTile(3, IxPixelFormat::UINT8, REGION);
+  fillPattern(rgb, 2);
+  fillPattern(rgbOut, 3);
+  IxTile const before = copyOf(rgbOut);
+  GeRectangle<int> const part(2, 9, -1, 1);
+  ipLutApply(IxWriteGuard(rgbOut), IxReadGuard(rgb), invert, &part, &part);
+  for (int y = 0; y < 2; ++y)
+    for (int x = 0; x < 4; ++x)
+      for (int c = 0; c < 3; ++c)
+        EXPECT_EQ(getRaw(rgbOut, x, y, c), x >= 2 && y < 1 ? 255 - getRaw(rgb, x, y, c) : getRaw(before, x, y, c));
+}
+
+TEST(IpLut, PowerStageWorksOnZeroTo255AndWrapsBytes) {
+  IxTile const src = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1, 0, 1)), dst = copyOf(src);
+  std::uint32_t const in[] = {17, 0, 200, 3};
+  for (int c = 0; c < 4; ++c) setRaw(src, 0, 0, c, in[c]);
+  IxGenericLut const same = byteTable([](int i) { return i; });
+  // 17^2 = 289 keeps 33; 200^2 * 1 = 40000 keeps 64; 3^2 = 9. Alpha goes through the stage too.
+  ipLutApply(IxWriteGuard(dst), IxReadGuard(src), same, 2.f, 1.f, nullptr, nullptr);
+  EXPECT_EQ(snapshot(dst), (std::vector<std::uint32_t>{33, 0, 64, 9}));
+  // Gamma 1 and gain 1 give the table back; gain 1/255 with gamma 2 folds the range back: 200^2 / 255
+  // = 156.86.
+  ipLutApply(IxWriteGuard(dst), IxReadGuard(src), same, 1.f, 1.f, nullptr, nullptr);
+  EXPECT_EQ(snapshot(dst), snapshot(src));
+  // Per channel, alpha carried over: -2 * 17 = -34 wraps to 222.
+  ipLutGammaApply(IxWriteGuard(dst), IxReadGuard(src), same, same, same, 1.f, 2.f, 2.f, -2.f, 1.f, 1.f / 255.f,
+                  nullptr, nullptr);
+  EXPECT_EQ(snapshot(dst), (std::vector<std::uint32_t>{222, 0, 156, 3}));
+}
+
+TEST(IpLut, FloatTablesExtrapolateAndThePowerStageClipsNegatives) {
+  IxTile const src = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 1, 0, 1));
+  float const in[] = {2.f, -1.f, 0.25f, 0.5f};
+  for (int c = 0; c < 4; ++c) setValue(src, 0, 0, c, in[c]);
+  // The table 2v - 0.5 continues its slope beyond 0..1.
+  IxTile const dst = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 1, 0, 1));
+  IxGenericLut const line = floatTable(IxPixelFormat::FLOAT32, [](float v) { return 2.f * v - 0.5f; });
+  ipLutApply(IxWriteGuard(dst), IxReadGuard(src), line, nullptr, nullptr);
+  float const expected[] = {3.5f, -2.5f, 0.f, 0.5f};
+  for (int c = 0; c < 4; ++c) EXPECT_NEAR(getValue(dst, 0, 0, c), expected[c], 1e-3f) << c;
+  // Gamma 1, gain 1: the same except that values <= 0 become 0.
+  ipLutApply(IxWriteGuard(dst), IxReadGuard(src), line, 1.f, 1.f, nullptr, nullptr);
+  float const clipped[] = {3.5f, 0.f, 0.f, 0.5f};
+  for (int c = 0; c < 4; ++c) EXPECT_NEAR(getValue(dst, 0, 0, c), clipped[c], 1e-3f) << c;
+  // Half entries are read as their values and stored by rounding.
+  IxTile const dstHalf = makeTile(4, IxPixelFormat::FLOAT16, GeRectangle<int>(0, 1, 0, 1));
+  ipLutApply(IxWriteGuard(dstHalf), IxReadGuard(src), floatTable(IxPixelFormat::FLOAT16, [](float v) { return v / 3.f; }),
+             nullptr, nullptr);
+  EXPECT_EQ(getRaw(dstHalf, 0, 0, 3), Half::fromFloat(Half::toFloat(Half::fromFloat(8191.5f / 16383.f / 3.f))));
+  // Float to bytes: the table yields 0..255, stored truncated and clamped; alpha in depth only.
+  IxTile const dst8 = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1, 0, 1));
+  IxGenericLut const scale = floatTable(IxPixelFormat::UINT8, [](float v) { return std::floor(v * 255.f); });
+  ipLutApply(IxWriteGuard(dst8), IxReadGuard(src), scale, scale, scale, nullptr, nullptr);
+  EXPECT_EQ(snapshot(dst8), (std::vector<std::uint32_t>{255, 0, 63, 128}));  // 0.5 * 255 + 0.5 = 128
+  // Bytes to float: alpha times 0.003921569.
+  IxTile const src8 = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1, 0, 1));
+  setRaw(src8, 0, 0, 3, 51);
+  IxTile const dstF = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 1, 0, 1));
+  IxGenericLut const toFloat(formatOf(IxPixelFormat::FLOAT32), formatOf(IxPixelFormat::UINT8));
+  ipLutApply(IxWriteGuard(dstF), IxReadGuard(src8), toFloat, toFloat, toFloat, nullptr, nullptr);
+  EXPECT_EQ(getValue(dstF, 0, 0, 3), 51.f * 0.003921569f);
+}
+
+TEST(IpLut, HalfSourcesAndMismatchedTablesAreRefusedBeforeAnyPixelChanges) {
+  IxTile const half = makeTile(4, IxPixelFormat::FLOAT16, REGION), dst = makeTile(4, IxPixelFormat::FLOAT32, REGION);
+  fillPattern(half, 1);
+  fillPattern(dst, 2);
+  std::vector<std::uint32_t> const before = snapshot(dst);
+  IxGenericLut const lut(formatOf(IxPixelFormat::FLOAT32), formatOf(IxPixelFormat::FLOAT16));
+  std::string const refusal = "!\"Not implemented yet\"";
+  EXPECT_EQ(failedCondition([&] { ipLutApply(IxWriteGuard(dst), IxReadGuard(half), lut, nullptr, nullptr); }), refusal);
+  EXPECT_EQ(failedCondition([&] { ipLutApply(IxWriteGuard(dst), IxReadGuard(half), lut, lut, lut, nullptr, nullptr); }),
+            refusal);
+  EXPECT_EQ(failedCondition([&] { ipLutApply(IxWriteGuard(dst), IxReadGuard(half), lut, 1.f, 1.f, nullptr, nullptr); }),
+            refusal);
+  EXPECT_EQ(failedCondition([&] {
+              ipLutGammaApply(IxWriteGuard(dst), IxReadGuard(half), lut, lut, lut, 1.f, 1.f, 1.f, 1.f, 1.f, 1.f, nullptr,
+                              nullptr);
+            }),
+            refusal);
+  EXPECT_EQ(snapshot(dst), before);
+  // An empty region processes no pixel and so raises nothing.
+  GeRectangle<int> const empty(1, 1, 0, 2);
+  EXPECT_EQ(failedCondition([&] { ipLutApply(IxWriteGuard(dst), IxReadGuard(half), lut, &empty, nullptr); }), "");
+  // A table must have dst's depth as output and src's as input.
+  IxTile const src32 = makeTile(4, IxPixelFormat::FLOAT32, REGION);
+  EXPECT_EQ(failedCondition([&] { ipLutApply(IxWriteGuard(dst), IxReadGuard(src32), lut, nullptr, nullptr); }),
+            "lut.getOutputDepth() == dst.getTile().getPixelFormat().getDepth() && "
+            "lut.getInputDepth() == src.getTile().getPixelFormat().getDepth()");
+  EXPECT_EQ(snapshot(dst), before);
+}
