@@ -28,26 +28,27 @@ jobs=$(nproc 2>/dev/null || echo 2)
 build() {
   local dir=$1
   shift
-  cmake -S . -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@" >/dev/null
+  cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
   cmake --build "$dir" -j "$jobs"
 }
 
 ensure_packages
 case "${1:-}" in
   demo)
-    build build
+    build build -DCMAKE_BUILD_TYPE=Release
     ./build/bin/ornDemo "${@:2}"
     ;;
   test)
-    build build
+    build build -DCMAKE_BUILD_TYPE=Release
     (cd build && ctest --output-on-failure -j "$jobs")
     ;;
   sanitize)
-    build build-sanitize -DORN_SANITIZE=ON -DORN_BUILD_BENCH=OFF
+    # -O1 keeps the sanitized build quick to compile and its reports readable.
+    build build-sanitize -DORN_SANITIZE=ON -DORN_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1
     (cd build-sanitize && ctest --output-on-failure -j "$jobs")
     ;;
   bench)
-    build build
+    build build -DCMAKE_BUILD_TYPE=Release
     for b in build/bin/ornBench*; do "$b" "${@:2}"; done
     ;;
   *)

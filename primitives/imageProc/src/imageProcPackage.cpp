@@ -1,5 +1,7 @@
 #include <orn/base/init/inInit.h>
 #include <orn/primitives/imageProc/ixConvertServices.h>
+#include <orn/primitives/imageProc/ixScanlineBlend.h>
+#include <orn/primitives/imageProc/ixScanlineCacheImp.h>
 #include <orn/primitives/imageProc/ixScanlineImp.h>
 
 namespace Orn {
@@ -20,13 +22,15 @@ InInit<OrnInit::imageProc>::InInit() : InPackageInit("imageProc") {
   addDependency(&InInit<OrnInit::base>::getType());
 }
 
-// Sets and checks the floating-point mode of the starting thread, then installs the scanline
-// implementations, before anything else of the image side runs.
+// Sets and checks the floating-point mode of the starting thread, installs the scanline
+// implementations before anything else of the image side runs, then builds the blend table.
 template <>
 void InInit<OrnInit::imageProc>::initialize() {
   IxConvertServices::configureSSE();
   IxConvertServices::assertConfigSSE();
   IxScanlineImpFactories::install();
+  IxScanlineCacheImpFactories::install();
+  IxScanlineBlend::initialize();
 }
 
 template <>
