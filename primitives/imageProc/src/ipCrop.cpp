@@ -8,7 +8,9 @@
 
 #include <complex>
 #include <cstdint>
-#include <vector>
+#include <cstdlib>
+#include <memory>
+#include <new>
 
 namespace Orn {
 
@@ -32,6 +34,10 @@ std::complex<float> lineFill<std::complex<float>>(Rgba const& color) {
   return std::complex<float>(color.a, 0.f);
 }
 
+struct FreeDeleter {
+  void operator()(void* p) const { std::free(p); }
+};
+
 template <class T>
 void cropRows(IxWriteGuard const& dst, IxScanlineTypes::TileFetcher& fetcher, IxScanlineTypes::PaddingType paddingX,
               IxScanlineTypes::PaddingType paddingY) {
@@ -43,9 +49,11 @@ void cropRows(IxWriteGuard const& dst, IxScanlineTypes::TileFetcher& fetcher, Ix
   GeInterval<int> const xs = region.getSlab(0);
   unsigned int const width = unsigned(xs.max - xs.min);
 
-  // One row of the line form; the allocation is 16-byte aligned, as the block converters like.
-  std::vector<T> line(width);
-  T* const origin = reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(line.data()) -
+  // One row of the line form, 16-byte aligned as the block converters want it.
+  std::unique_ptr<T, FreeDeleter> const line(
+      static_cast<T*>(std::aligned_alloc(16, (std::size_t(width) * sizeof(T) + 15) / 16 * 16)));
+  if (!line) throw std::bad_alloc();
+  T* const origin = reinterpret_cast<T*>(reinterpret_cast<std::uintptr_t>(line.get()) -
                                          std::uintptr_t(std::intptr_t(xs.min) * std::intptr_t(sizeof(T))));
   IxPixelFormat const& dstFormat = dst.getTile().getPixelFormat();
   int const rowBytes = dst.getTile().getRowBytes();
@@ -53,7 +61,7 @@ void cropRows(IxWriteGuard const& dst, IxScanlineTypes::TileFetcher& fetcher, Ix
   for (int y = region.y1(); y < region.y2(); ++y) {
     IxTilingUtil::readLine(origin, xs, y, fetcher, policyX, policyY);
     unsigned char* const row = dst.getBaseAddress() + std::ptrdiff_t(y - region.y1()) * rowBytes;
-    IxConvertUtil::writeTo(row, line.data(), width, dstFormat);
+    IxConvertUtil::writeTo(row, line.get(), width, dstFormat);
     requests.poll();
   }
 }
