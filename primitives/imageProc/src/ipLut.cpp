@@ -4,6 +4,8 @@
 
 #include "ipLutStages.h"
 
+#include <vector>
+
 namespace Orn {
 
 namespace {
@@ -12,9 +14,24 @@ using IxPixelIterBase::ORDER_H_XPOS_YPOS;
 
 class IpApplyOneLutFunctorArgs : public IxPixelFunctorArgs {
  public:
-  explicit IpApplyOneLutFunctorArgs(IxGenericLut const& lut) : _lut(&lut) {}
+  explicit IpApplyOneLutFunctorArgs(IxGenericLut const& lut) : _lut(&lut), _pairs(nullptr) {}
   IxGenericLut const* _lut;
+  // For large byte-to-byte calls: entry (b1 << 8) | b0 holds the results of bytes b0 and b1 in
+  // its low and high byte, so that one lookup maps two bytes.
+  std::uint16_t const* _pairs;
 };
+
+// Below this many components a table of byte pairs costs more to build than it saves.
+constexpr std::int64_t MIN_COMPONENTS_FOR_PAIRS = std::int64_t(1) << 20;
+
+std::vector<std::uint16_t> makePairTable(IxGenericLut const& lut) {
+  std::uint8_t const* const table = static_cast<std::uint8_t const*>(lut.getTable());
+  std::vector<std::uint16_t> pairs(65536);
+  for (int high = 0; high < 256; ++high)
+    for (int low = 0; low < 256; ++low)
+      pairs[std::size_t(high << 8 | low)] = std::uint16_t(table[low] | table[high] << 8);
+  return pairs;
+}
 
 template <class Dst, class Src>
 class IpApplyOneLutFunctor : public IxPixelFunctor<Dst, Src> {
@@ -24,7 +41,7 @@ class IpApplyOneLutFunctor : public IxPixelFunctor<Dst, Src> {
   using Lut = IxLut<DstComp, SrcComp>;
 
   explicit IpApplyOneLutFunctor(IpApplyOneLutFunctorArgs const& args)
-      : _lut(args._lut->template getLut<DstComp, SrcComp>()) {}
+      : _lut(args._lut->template getLut<DstComp, SrcComp>()), _pairs(args._pairs) {}
 
   void operator()(Dst& dst, Src& src) const {
     for (int i = 0; i < Dst::NB_COMPS; ++i) dst[i].value = IpLutStages::storeClamped<DstComp>(_lut.lookup(src[i].value));
@@ -39,18 +56,30 @@ class IpApplyOneLutFunctor : public IxPixelFunctor<Dst, Src> {
     std::uint8_t const* const table = _lut.entries;
     std::int32_t const n = nbPixels * Dst::NB_COMPS;
     std::int32_t i = 0;
-    for (; i + 8 <= n; i += 8) {
-      std::uint64_t word;
-      std::memcpy(&word, in + i, 8);
-      std::uint64_t result = 0;
-      for (int k = 0; k < 8; ++k) result |= std::uint64_t(table[(word >> (8 * k)) & 0xFF]) << (8 * k);
-      std::memcpy(out + i, &result, 8);
+    if (_pairs) {
+      for (; i + 8 <= n; i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, in + i, 8);
+        std::uint64_t const result =
+            std::uint64_t(_pairs[word & 0xFFFF]) | std::uint64_t(_pairs[(word >> 16) & 0xFFFF]) << 16 |
+            std::uint64_t(_pairs[(word >> 32) & 0xFFFF]) << 32 | std::uint64_t(_pairs[word >> 48]) << 48;
+        std::memcpy(out + i, &result, 8);
+      }
+    } else {
+      for (; i + 8 <= n; i += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, in + i, 8);
+        std::uint64_t result = 0;
+        for (int k = 0; k < 8; ++k) result |= std::uint64_t(table[(word >> (8 * k)) & 0xFF]) << (8 * k);
+        std::memcpy(out + i, &result, 8);
+      }
     }
     for (; i < n; ++i) out[i] = table[in[i]];
   }
 
  private:
   Lut const& _lut;
+  std::uint16_t const* _pairs;
 };
 
 class IpApplyRGBLutFunctorArgs : public IxPixelFunctorArgs {
@@ -119,7 +148,15 @@ class IpApplyOneLutGammaFunctor : public IxPixelFunctor<Dst, Src> {
 void ipLutApply(IxWriteGuard const& dst, IxReadGuard const& src, IxGenericLut const& lut,
                 GeRectangle<int> const* dstRegion, GeRectangle<int> const* srcRegion) {
   IpLutStages::checkTable(lut, dst, src);
-  IpApplyOneLutFunctorArgs const args(lut);
+  IpApplyOneLutFunctorArgs args(lut);
+  std::vector<std::uint16_t> pairs;
+  GeRectangle<int> const region = IxPixelIterBase::clipRegion(dst.getPixelRegion(), dstRegion);
+  if (lut.getOutputDepth() == IxPixelFormat::UINT8 && lut.getInputDepth() == IxPixelFormat::UINT8 &&
+      std::int64_t(region.getWidth()) * region.getHeight() * dst.getTile().getPixelFormat().getComps() >=
+          MIN_COMPONENTS_FOR_PAIRS) {
+    pairs = makePairTable(lut);
+    args._pairs = pairs.data();
+  }
   ixPixelLoopDstcompDstdepthSrcdepth<IpApplyOneLutFunctor>(dst, dstRegion, ORDER_H_XPOS_YPOS, src, srcRegion,
                                                            ORDER_H_XPOS_YPOS, args);
 }
