@@ -1,11 +1,12 @@
-// Blend modes over one 4096-pixel RGBA float scanline (in cache), beside a plain copy of that
-// scanline; ipBlend on 4096x2160 RGBA float tiles with a one-component matte, beside memcpy.
+// Blend modes over one 4096-pixel RGBA float scanline (in cache), beside plain copies of that
+// scanline (memcpy, and the library's pixel-by-pixel scanline copy); ipBlend on 4096x2160 RGBA float tiles with a one-component matte, beside memcpy.
 // Compare the times per iteration of a mode and of copyScanline, and for ipBlend the
 // bytes-per-second columns.
 
 #include "benchTiles.h"
 
 #include <orn/pluginAPI/ixScanline.h>
+#include <orn/pluginAPI/ixScanlineUtil.h>
 #include <orn/primitives/imageProc/ipBlend.h>
 #include <orn/primitives/imageProc/ixConvertServices.h>
 #include <orn/primitives/imageProc/ixScanlineBlend.h>
@@ -57,6 +58,18 @@ void copyScanline(benchmark::State& state) {
   state.SetBytesProcessed(std::int64_t(state.iterations()) * std::int64_t(LINE_BYTES));
 }
 
+// The library's own scanline copy, pixel by pixel.
+void copyScanlineUtil(benchmark::State& state) {
+  setUp();
+  Lines lines;
+  for (auto _ : state) {
+    IxScanlineUtil::copy(lines.dst, lines.a);
+    benchmark::DoNotOptimize(lines.dst.getBegin());
+    benchmark::ClobberMemory();
+  }
+  state.SetBytesProcessed(std::int64_t(state.iterations()) * std::int64_t(LINE_BYTES));
+}
+
 void blendScanline(benchmark::State& state, IxScanlineBlend::BlendOp op) {
   setUp();
   Lines lines;
@@ -71,6 +84,7 @@ void blendScanline(benchmark::State& state, IxScanlineBlend::BlendOp op) {
 
 int const registered = [] {
   benchmark::RegisterBenchmark("copyScanline", copyScanline);
+  benchmark::RegisterBenchmark("copyScanlineUtil", copyScanlineUtil);
   for (int op = 0; op < IxScanlineBlend::NB_BLEND_OPS; ++op) {
     std::string name = std::string("blendScanline/") + IxScanlineBlend::getBlendOpName(IxScanlineBlend::BlendOp(op));
     for (char& c : name)

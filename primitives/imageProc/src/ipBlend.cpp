@@ -7,6 +7,8 @@
 #include <orn/pluginAPI/ixPaddingPolicy.h>
 #include <orn/pluginAPI/ixScanline.h>
 
+#include <emmintrin.h>
+
 namespace Orn {
 
 namespace {
@@ -17,20 +19,22 @@ IxPaddingPolicy<Rgba> paddedWithFill(IxReadGuard const& guard) {
   return IxPaddingPolicy<Rgba>(IxScanlineTypes::PADDING_COLOR, guard.getTile().getFillColor());
 }
 
-// out = b + (a - b) * w[x] on every component; the weights are one float per pixel.
-void mixByValues(Rgba* out, Rgba const* a, Rgba const* b, float const* w, int n) {
-  float* const o = &out->r;
-  float const* const pa = &a->r;
-  float const* const pb = &b->r;
-  for (int i = 0; i < 4 * n; ++i) o[i] = pb[i] + (pa[i] - pb[i]) * w[i >> 2];
+// b + (a - b) * w on the four components of one pixel.
+inline void mixPixel(Rgba* out, Rgba const* a, Rgba const* b, __m128 w) {
+  __m128 const pb = _mm_loadu_ps(&b->r);
+  _mm_storeu_ps(&out->r, _mm_add_ps(pb, _mm_mul_ps(_mm_sub_ps(_mm_loadu_ps(&a->r), pb), w)));
 }
 
-// The same with the weight taken from each matte pixel's alpha.
+// The weights are one float per pixel.
+void mixByValues(Rgba* out, Rgba const* a, Rgba const* b, float const* w, int n) {
+  for (int i = 0; i < n; ++i) mixPixel(out + i, a + i, b + i, _mm_set1_ps(w[i]));
+}
+
+// The weight is each matte pixel's alpha.
 void mixByAlpha(Rgba* out, Rgba const* a, Rgba const* b, Rgba const* m, int n) {
   for (int i = 0; i < n; ++i) {
-    float const w = m[i].a;
-    out[i] = Rgba(b[i].r + (a[i].r - b[i].r) * w, b[i].g + (a[i].g - b[i].g) * w, b[i].b + (a[i].b - b[i].b) * w,
-                  b[i].a + (a[i].a - b[i].a) * w);
+    __m128 const pm = _mm_loadu_ps(&m[i].r);
+    mixPixel(out + i, a + i, b + i, _mm_shuffle_ps(pm, pm, _MM_SHUFFLE(3, 3, 3, 3)));
   }
 }
 

@@ -1,6 +1,7 @@
 // The blend modes. Each mode is one small class whose arithmetic is written once as a template
-// over a lane type: a float for single values, or four floats in an SSE2 register. BlendUtil<Op>
-// builds the four entry points from it, so the vector loops run exactly the scalar operations.
+// over a lane type: a float for single values, four floats in an SSE2 register, or eight in an
+// AVX register. BlendUtil<Op> builds the four entry points from it, so the vector loops run
+// exactly the scalar operations.
 
 #include <orn/primitives/imageProc/ixScanlineBlend.h>
 
@@ -8,8 +9,11 @@
 #include <orn/base/geometryBase/floatUtil.h>
 #include <orn/primitives/color/coHsvColor.h>
 
-#include <emmintrin.h>
+#include "ixScanlineBlendPaths.h"
 
+#include <immintrin.h>
+
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 #include <mutex>
@@ -106,51 +110,52 @@ struct Lane<F4> {
 };
 
 // ---------------------------------------------------------------------------------------------
-// The modes. apply(a, b) is the per-channel formula; HSV modes instead give rgb(a, b).
+// The modes. apply(a, b) is the per-channel formula, listed once here and defined for the SSE2
+// lanes below and for the AVX lanes further down; HSV modes instead give rgb(a, b).
 
-#define ORN_LANE_OP(Name, expression)    \
-  struct Name {                          \
-    static constexpr bool HSV = false;   \
-    template <class V>                   \
-    static V apply(V a, V b) {           \
-      using L [[maybe_unused]] = Lane<V>; \
-      (void)a;                           \
-      (void)b;                           \
-      return expression;                 \
-    }                                    \
+#define ORN_BLEND_LANE_OPS(X)                                                                          \
+  X(BlendNormal, a)                                                                                    \
+  X(BlendAverage, (a + b) * L::k(0.5f))                                                                \
+  X(BlendAdd, a + b)                                                                                   \
+  X(BlendSubtract, b - a)                                                                              \
+  X(BlendDarken, L::min(a, b))                                                                         \
+  X(BlendMultiply, a * b)                                                                              \
+  X(BlendColorBurn, L::select(L::isRelZero(a), L::k(0.0f), L::k(1.0f) - (L::k(1.0f) - b) / a))        \
+  X(BlendLinearBurn, L::max(a + b - L::k(1.0f), L::k(0.0f)))                                          \
+  X(BlendLighten, L::max(a, b))                                                                        \
+  X(BlendScreen, L::screen(a, b))                                                                      \
+  X(BlendColorDodge, b / (L::k(1.0f) - a))                                                             \
+  X(BlendLinearDodge, L::min(a + b, L::k(1.0f)))                                                       \
+  X(BlendSpotlight, a * b * L::k(2.0f))                                                                \
+  X(BlendSpotlightBlend, a * b + b)                                                                    \
+  X(BlendOverlay, L::select(L::gt(b, L::k(0.5f)),                                                      \
+                            L::k(1.0f) - L::k(2.0f) * (L::k(1.0f) - a) * (L::k(1.0f) - b),            \
+                            L::k(2.0f) * a * b))                                                       \
+  X(BlendSoftLight, L::select(L::gt(a, L::k(0.5f)), b + (L::k(2.0f) * a - L::k(1.0f)) * (L::sqrt(b) - b), \
+                              b * (L::k(2.0f) * a * (L::k(1.0f) - b) + b)))                            \
+  X(BlendHardLight, L::select(L::gt(a, L::k(0.5f)),                                                    \
+                              L::k(1.0f) - L::k(2.0f) * (L::k(1.0f) - a) * (L::k(1.0f) - b),          \
+                              L::k(2.0f) * a * b))                                                     \
+  X(BlendPinLight, L::select(L::either(L::both(L::gt(a, L::k(0.5f)), L::gt(a, b)),                     \
+                                       L::both(L::lt(a, L::k(0.5f)), L::lt(a, b))),                    \
+                             a, b))                                                                    \
+  X(BlendHardMix, L::select(L::gt(a + b, L::k(1.0f)), L::k(1.0f), L::k(0.0f)))                        \
+  X(BlendDifference, L::abs(a - b))                                                                    \
+  X(BlendExclusion, a + b - L::k(2.0f) * a * b)
+
+#define ORN_DEFINE_LANE_OP(Name, expression) \
+  struct Name {                              \
+    static constexpr bool HSV = false;       \
+    template <class V>                       \
+    static V apply(V a, V b) {               \
+      using L [[maybe_unused]] = Lane<V>;    \
+      (void)a;                               \
+      (void)b;                               \
+      return expression;                     \
+    }                                        \
   };
 
-ORN_LANE_OP(BlendNormal, a)
-ORN_LANE_OP(BlendAverage, (a + b) * L::k(0.5f))
-ORN_LANE_OP(BlendAdd, a + b)
-ORN_LANE_OP(BlendSubtract, b - a)
-ORN_LANE_OP(BlendDarken, L::min(a, b))
-ORN_LANE_OP(BlendMultiply, a * b)
-ORN_LANE_OP(BlendColorBurn, L::select(L::isRelZero(a), L::k(0.0f), L::k(1.0f) - (L::k(1.0f) - b) / a))
-ORN_LANE_OP(BlendLinearBurn, L::max(a + b - L::k(1.0f), L::k(0.0f)))
-ORN_LANE_OP(BlendLighten, L::max(a, b))
-ORN_LANE_OP(BlendScreen, L::screen(a, b))
-ORN_LANE_OP(BlendColorDodge, b / (L::k(1.0f) - a))
-ORN_LANE_OP(BlendLinearDodge, L::min(a + b, L::k(1.0f)))
-ORN_LANE_OP(BlendSpotlight, a * b * L::k(2.0f))
-ORN_LANE_OP(BlendSpotlightBlend, a * b + b)
-ORN_LANE_OP(BlendOverlay, L::select(L::gt(b, L::k(0.5f)),
-                                    L::k(1.0f) - L::k(2.0f) * (L::k(1.0f) - a) * (L::k(1.0f) - b),
-                                    L::k(2.0f) * a * b))
-ORN_LANE_OP(BlendSoftLight, L::select(L::gt(a, L::k(0.5f)),
-                                      b + (L::k(2.0f) * a - L::k(1.0f)) * (L::sqrt(b) - b),
-                                      b * (L::k(2.0f) * a * (L::k(1.0f) - b) + b)))
-ORN_LANE_OP(BlendHardLight, L::select(L::gt(a, L::k(0.5f)),
-                                      L::k(1.0f) - L::k(2.0f) * (L::k(1.0f) - a) * (L::k(1.0f) - b),
-                                      L::k(2.0f) * a * b))
-ORN_LANE_OP(BlendPinLight, L::select(L::either(L::both(L::gt(a, L::k(0.5f)), L::gt(a, b)),
-                                               L::both(L::lt(a, L::k(0.5f)), L::lt(a, b))),
-                                     a, b))
-ORN_LANE_OP(BlendHardMix, L::select(L::gt(a + b, L::k(1.0f)), L::k(1.0f), L::k(0.0f)))
-ORN_LANE_OP(BlendDifference, L::abs(a - b))
-ORN_LANE_OP(BlendExclusion, a + b - L::k(2.0f) * a * b)
-
-#undef ORN_LANE_OP
+ORN_BLEND_LANE_OPS(ORN_DEFINE_LANE_OP)
 
 // Saturation and value by the reduced route of the HSV modes: a colour whose channels are all
 // equal has saturation 0 and value 0, whatever its level. So taking the value of a grey gives
@@ -223,10 +228,155 @@ GeInterval<int> checkedInterval(IxScanline<T> const& dst, IxScanline<T> const& s
 }
 
 inline F4 load(float const* p) { return {_mm_loadu_ps(p)}; }
-inline void store(float* p, F4 x) { _mm_storeu_ps(p, x.v); }
 
 // Lane 3 (alpha) of an RGBA pixel.
 inline __m128 alphaLane() { return _mm_castsi128_ps(_mm_set_epi32(-1, 0, 0, 0)); }
+
+// One RGBA pixel through a mode; AlphaFromB: the result's alpha is b's, otherwise dst keeps its own.
+template <class Op, bool AlphaFromB>
+inline void blendPixel(Rgba* d, Rgba const* a, Rgba const* b) {
+  float* const out = &d->r;
+  F4 const pb = load(&b->r);
+  F4 const colour = Op::apply(load(&a->r), pb);
+  F4 const keep = AlphaFromB ? pb : load(out);
+  _mm_storeu_ps(out, Lane<F4>::select(M4{alphaLane()}, keep, colour).v);
+}
+
+template <class Op>
+void blendFloats4(float* d, float const* a, float const* b, int x, int end) {
+  // Scalar until the destination is 16-byte aligned, then four at a time.
+  for (; x < end && (reinterpret_cast<std::uintptr_t>(d + x) & 15) != 0; ++x) d[x] = Op::apply(a[x], b[x]);
+  for (; x + 4 <= end; x += 4) _mm_store_ps(d + x, Op::apply(load(a + x), load(b + x)).v);
+  for (; x < end; ++x) d[x] = Op::apply(a[x], b[x]);
+}
+
+template <class Op, bool AlphaFromB>
+void blendRgba4(Rgba* d, Rgba const* a, Rgba const* b, int n) {
+  for (int i = 0; i < n; ++i) blendPixel<Op, AlphaFromB>(d + i, a + i, b + i);
+}
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------------
+// The same modes eight lanes wide, compiled for AVX and used only where the processor has it.
+// The operations are the same IEEE single and double operations in the same order, so the
+// results are those of the SSE2 and scalar forms.
+
+#pragma GCC push_options
+#pragma GCC target("avx")
+
+namespace {
+namespace avx {
+
+struct F8 {
+  __m256 v;
+};
+
+inline F8 operator+(F8 x, F8 y) { return {_mm256_add_ps(x.v, y.v)}; }
+inline F8 operator-(F8 x, F8 y) { return {_mm256_sub_ps(x.v, y.v)}; }
+inline F8 operator*(F8 x, F8 y) { return {_mm256_mul_ps(x.v, y.v)}; }
+inline F8 operator/(F8 x, F8 y) { return {_mm256_div_ps(x.v, y.v)}; }
+
+struct M8 {
+  __m256 v;
+};
+
+template <class V>
+struct Lane;
+
+template <>
+struct Lane<F8> {
+  static F8 k(float c) { return {_mm256_set1_ps(c)}; }
+  static M8 gt(F8 x, F8 y) { return {_mm256_cmp_ps(x.v, y.v, _CMP_GT_OQ)}; }
+  static M8 lt(F8 x, F8 y) { return {_mm256_cmp_ps(x.v, y.v, _CMP_LT_OQ)}; }
+  static M8 both(M8 p, M8 q) { return {_mm256_and_ps(p.v, q.v)}; }
+  static M8 either(M8 p, M8 q) { return {_mm256_or_ps(p.v, q.v)}; }
+  static F8 select(M8 m, F8 x, F8 y) {
+    return {_mm256_or_ps(_mm256_and_ps(m.v, x.v), _mm256_andnot_ps(m.v, y.v))};
+  }
+  static F8 min(F8 x, F8 y) { return {_mm256_min_ps(y.v, x.v)}; }
+  static F8 max(F8 x, F8 y) { return {_mm256_max_ps(y.v, x.v)}; }
+  static F8 abs(F8 x) { return {_mm256_andnot_ps(_mm256_set1_ps(-0.0f), x.v)}; }
+  static F8 sqrt(F8 x) { return {_mm256_sqrt_ps(x.v)}; }
+  static M8 isRelZero(F8 x) {
+    __m256 const zero = _mm256_setzero_ps();
+    __m256 const m = abs(x).v;
+    __m256 const finite = _mm256_cmp_ps(m, _mm256_set1_ps(INFINITY), _CMP_LT_OQ);
+    __m256 const e = _mm256_mul_ps(_mm256_and_ps(finite, m), _mm256_set1_ps(FloatUtil::getEpsilon<float>()));
+    __m256 const positive = _mm256_cmp_ps(x.v, zero, _CMP_GT_OQ);
+    __m256 const smallPositive = _mm256_and_ps(positive, _mm256_cmp_ps(e, x.v, _CMP_GE_OQ));
+    __m256 const smallOther = _mm256_andnot_ps(positive, _mm256_cmp_ps(_mm256_add_ps(e, x.v), zero, _CMP_GE_OQ));
+    return {_mm256_or_ps(smallPositive, smallOther)};
+  }
+  static __m128 screenHalf(__m128 a, __m128 b, __m128 limit) {
+    __m256d const ad = _mm256_cvtps_pd(a);
+    __m256d const bd = _mm256_cvtps_pd(b);
+    __m256d const ld = _mm256_cvtps_pd(limit);
+    return _mm256_cvtpd_ps(_mm256_add_pd(bd, _mm256_mul_pd(ad, _mm256_sub_pd(_mm256_set1_pd(1.0), ld))));
+  }
+  static F8 screen(F8 a, F8 b) {
+    __m256 const limit = _mm256_min_ps(_mm256_set1_ps(1.0f), b.v);
+    __m128 const low = screenHalf(_mm256_castps256_ps128(a.v), _mm256_castps256_ps128(b.v), _mm256_castps256_ps128(limit));
+    __m128 const high = screenHalf(_mm256_extractf128_ps(a.v, 1), _mm256_extractf128_ps(b.v, 1),
+                                   _mm256_extractf128_ps(limit, 1));
+    return {_mm256_insertf128_ps(_mm256_castps128_ps256(low), high, 1)};
+  }
+};
+
+ORN_BLEND_LANE_OPS(ORN_DEFINE_LANE_OP)
+
+inline F8 load(float const* p) { return {_mm256_loadu_ps(p)}; }
+
+// Op: the mode for the scalar ends; Op8: the same mode eight wide.
+template <class Op, class Op8>
+void blendFloats8(float* d, float const* a, float const* b, int x, int end) {
+  for (; x < end && (reinterpret_cast<std::uintptr_t>(d + x) & 31) != 0; ++x) d[x] = Op::apply(a[x], b[x]);
+  for (; x + 8 <= end; x += 8) _mm256_store_ps(d + x, Op8::apply(load(a + x), load(b + x)).v);
+  for (; x < end; ++x) d[x] = Op::apply(a[x], b[x]);
+}
+
+// Two pixels per step; an odd last pixel goes the four-wide way.
+template <class Op, class Op8, bool AlphaFromB>
+void blendRgba8(Rgba* d, Rgba const* a, Rgba const* b, int n) {
+  int i = 0;
+  for (; i + 2 <= n; i += 2) {
+    float* const out = &d[i].r;
+    F8 const pb = load(&b[i].r);
+    F8 const colour = Op8::apply(load(&a[i].r), pb);
+    __m256 const keep = AlphaFromB ? pb.v : _mm256_loadu_ps(out);
+    _mm256_storeu_ps(out, _mm256_blend_ps(colour.v, keep, 0x88));
+  }
+  if (i < n) blendPixel<Op, AlphaFromB>(d + i, a + i, b + i);
+}
+
+}  // namespace avx
+}  // namespace
+
+#pragma GCC pop_options
+
+namespace {
+
+// The eight-wide form of each per-channel mode.
+template <class Op>
+struct Wide;
+
+#define ORN_DEFINE_WIDE(Name, expression) \
+  template <>                             \
+  struct Wide<Name> {                     \
+    using type = avx::Name;               \
+  };
+
+ORN_BLEND_LANE_OPS(ORN_DEFINE_WIDE)
+
+#undef ORN_DEFINE_WIDE
+#undef ORN_DEFINE_LANE_OP
+#undef ORN_BLEND_LANE_OPS
+
+bool const wideAvailable = [] {
+  __builtin_cpu_init();  // this runs among the static initialisers
+  return __builtin_cpu_supports("avx") != 0;
+}();
+std::atomic<bool> wideEnabled{wideAvailable};
 
 template <class Op>
 class BlendUtil final : public IxScanlineBlend::Imp {
@@ -254,15 +404,10 @@ public:
     float const* const b = srcB.getOrigin();
     if constexpr (Op::HSV) {
       for (int x = range.min; x < range.max; ++x) d[x] = a[x];
+    } else if (wideEnabled.load(std::memory_order_relaxed)) {
+      avx::blendFloats8<Op, typename Wide<Op>::type>(d, a, b, range.min, range.max);
     } else {
-      int x = range.min;
-      // Scalar until the destination is 16-byte aligned, then four at a time.
-      while (x < range.max && (reinterpret_cast<std::uintptr_t>(d + x) & 15) != 0) {
-        d[x] = Op::apply(a[x], b[x]);
-        ++x;
-      }
-      for (; x + 4 <= range.max; x += 4) _mm_store_ps(d + x, Op::apply(load(a + x), load(b + x)).v);
-      for (; x < range.max; ++x) d[x] = Op::apply(a[x], b[x]);
+      blendFloats4<Op>(d, a, b, range.min, range.max);
     }
   }
 
@@ -274,33 +419,34 @@ public:
     Rgba const* const a = srcA.getOrigin() + range.min;
     Rgba const* const b = srcB.getOrigin() + range.min;
     int const n = range.max - range.min;
-    if (alpha)
-      blendRgba<true>(d, a, b, n);
-    else
-      blendRgba<false>(d, a, b, n);
+    if constexpr (Op::HSV) {
+      if (alpha)
+        blendRgbaHsv<true>(d, a, b, n);
+      else
+        blendRgbaHsv<false>(d, a, b, n);
+    } else if (wideEnabled.load(std::memory_order_relaxed)) {
+      using Op8 = typename Wide<Op>::type;
+      if (alpha)
+        avx::blendRgba8<Op, Op8, true>(d, a, b, n);
+      else
+        avx::blendRgba8<Op, Op8, false>(d, a, b, n);
+    } else {
+      if (alpha)
+        blendRgba4<Op, true>(d, a, b, n);
+      else
+        blendRgba4<Op, false>(d, a, b, n);
+    }
   }
 
 private:
-  // AlphaFromB: the result's alpha is b's; otherwise dst's own alpha stays.
   template <bool AlphaFromB>
-  static void blendRgba(Rgba* d, Rgba const* a, Rgba const* b, int n) {
-    if constexpr (Op::HSV) {
-      for (int i = 0; i < n; ++i) {
-        Rgb const c = Op::rgb(Rgb(a[i].r, a[i].g, a[i].b), Rgb(b[i].r, b[i].g, b[i].b));
-        d[i].r = c.r;
-        d[i].g = c.g;
-        d[i].b = c.b;
-        if constexpr (AlphaFromB) d[i].a = b[i].a;
-      }
-    } else {
-      M4 const alphaMask{alphaLane()};
-      for (int i = 0; i < n; ++i) {
-        float* const out = &d[i].r;
-        F4 const pb = load(&b[i].r);
-        F4 const colour = Op::apply(load(&a[i].r), pb);
-        F4 const keep = AlphaFromB ? pb : load(out);
-        store(out, Lane<F4>::select(alphaMask, keep, colour));
-      }
+  static void blendRgbaHsv(Rgba* d, Rgba const* a, Rgba const* b, int n) {
+    for (int i = 0; i < n; ++i) {
+      Rgb const c = Op::rgb(Rgb(a[i].r, a[i].g, a[i].b), Rgb(b[i].r, b[i].g, b[i].b));
+      d[i].r = c.r;
+      d[i].g = c.g;
+      d[i].b = c.b;
+      if constexpr (AlphaFromB) d[i].a = b[i].a;
     }
   }
 };
@@ -371,6 +517,12 @@ IxScanlineBlend::IxScanlineBlend(BlendOp op) {
   std::call_once(tableBuilt, buildTable);
   _imp = table().blendOp[std::size_t(op)];
 }
+
+bool IxScanlineBlendPaths::isWideAvailable() { return wideAvailable; }
+
+bool IxScanlineBlendPaths::isWideEnabled() { return wideEnabled.load(); }
+
+bool IxScanlineBlendPaths::setWideEnabled(bool enabled) { return wideEnabled.exchange(enabled && wideAvailable); }
 
 char const* IxScanlineBlend::getBlendOpName(BlendOp op) { return BLEND_OP_NAMES[op]; }
 

@@ -8,6 +8,7 @@
 #include <random>
 #include <vector>
 
+#include "../src/ixScanlineBlendPaths.h"
 #include "ixScanlineTestUtil.h"
 
 using namespace Orn;
@@ -249,7 +250,9 @@ std::vector<float> randomValues(std::mt19937& rng, int n) {
   return values;
 }
 
-TEST_F(IxScanlineBlendTest, ScanlinesGiveTheScalarResults) {
+// Every mode on float and RGBA scanlines of random values, at every alignment, against the
+// single-value and RGB forms.
+void checkScanlinesAgainstScalar() {
   std::mt19937 rng(1234);
   int const n = 67;
   // Caller buffers with a spare float in front, so each start offset sees another alignment.
@@ -300,6 +303,18 @@ TEST_F(IxScanlineBlendTest, ScanlinesGiveTheScalarResults) {
       }
     }
   }
+}
+
+TEST_F(IxScanlineBlendTest, ScanlinesGiveTheScalarResults) {
+  // The wide loops where the processor has them, then the SSE2 loops.
+  bool const wide = IxScanlineBlendPaths::isWideAvailable();
+  IxScanlineBlendPaths::setWideEnabled(true);
+  EXPECT_EQ(IxScanlineBlendPaths::isWideEnabled(), wide);
+  checkScanlinesAgainstScalar();
+  IxScanlineBlendPaths::setWideEnabled(false);
+  EXPECT_FALSE(IxScanlineBlendPaths::isWideEnabled());
+  checkScanlinesAgainstScalar();
+  IxScanlineBlendPaths::setWideEnabled(true);
 }
 
 TEST_F(IxScanlineBlendTest, InputPolicyListsTheModes) {
