@@ -56,6 +56,15 @@ TEST(IpLut, ByteTablesAndTheAlphaOfEachForm) {
       EXPECT_EQ(getRaw(dst, x, y, 1), getRaw(src, x, y, 1));
       EXPECT_EQ(getRaw(dst, x, y, 3), getRaw(src, x, y, 3));
     }
+  // A call of a million components and more maps bytes in pairs; the result is the same.
+  IxTile const big = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1023, 0, 257));
+  IxTile const bigOut = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1023, 0, 257));
+  fillPattern(big, 4);
+  IxGenericLut const scramble = byteTable([](int i) { return (i * 37 + 11) & 0xFF; });
+  ipLutApply(IxWriteGuard(bigOut), IxReadGuard(big), scramble, nullptr, nullptr);
+  for (int y = 0; y < 257; y += 64)
+    for (int x = 0; x < 1023; ++x)
+      for (int c = 0; c < 4; ++c) ASSERT_EQ(getRaw(bigOut, x, y, c), (getRaw(big, x, y, c) * 37 + 11) & 0xFF);
   // Three components, and a region clipped to the tiles.
   IxTile const rgb = makeTile(3, IxPixelFormat::UINT8, REGION), rgbOut = makeTile(3, IxPixelFormat::UINT8, REGION);
   fillPattern(rgb, 2);
