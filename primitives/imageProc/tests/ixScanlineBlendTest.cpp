@@ -89,9 +89,7 @@ TEST_F(IxScanlineBlendTest, EachModeOnTwoPairsOfValues) {
 }
 
 TEST_F(IxScanlineBlendTest, ThresholdsAndOrderOfArguments) {
-  // Strict thresholds: a + b == 1 is not above 1, a == 0.5 is neither above nor below.
-  EXPECT_EQ(blend(IxScanlineBlend::BLEND_HARD_MIX, 0.375f, 0.625f), 0.0f);
-  EXPECT_EQ(blend(IxScanlineBlend::BLEND_HARD_MIX, 0.375f, 0.6251f), 1.0f);
+  // Strict thresholds: a == 0.5 is neither above nor below (a + b == 1 in Hard Mix: first row).
   EXPECT_EQ(blend(IxScanlineBlend::BLEND_PIN_LIGHT, 0.5f, 0.25f), 0.25f);
   EXPECT_EQ(blend(IxScanlineBlend::BLEND_PIN_LIGHT, 0.5f, 0.75f), 0.75f);
   // Soft Light at a = 0.5 takes the branch without the square root, so a negative b stays finite.
@@ -108,10 +106,7 @@ TEST_F(IxScanlineBlendTest, ThresholdsAndOrderOfArguments) {
   EXPECT_EQ(blend(IxScanlineBlend::BLEND_SPOTLIGHT_BLEND, 2.0f, 3.0f), 9.0f);
   EXPECT_EQ(blend(IxScanlineBlend::BLEND_LINEAR_DODGE, 2.0f, 3.0f), 1.0f);
   EXPECT_EQ(blend(IxScanlineBlend::BLEND_LINEAR_BURN, -1.0f, 0.5f), 0.0f);
-  EXPECT_EQ(blend(IxScanlineBlend::BLEND_SUBTRACT, 2.0f, -3.0f), -5.0f);
   EXPECT_EQ(blend(IxScanlineBlend::BLEND_DIFFERENCE, 2.0f, -3.0f), 5.0f);
-  EXPECT_EQ(blend(IxScanlineBlend::BLEND_DARKEN, -2.0f, 3.0f), -2.0f);
-  EXPECT_EQ(blend(IxScanlineBlend::BLEND_LIGHTEN, -2.0f, 3.0f), 3.0f);
 }
 
 TEST_F(IxScanlineBlendTest, ScreenPassesHighValuesOfBAndRoundsOnce) {
@@ -182,31 +177,6 @@ TEST_F(IxScanlineBlendTest, HsvModesMixHueSaturationAndValue) {
     EXPECT_EQ(blend(Op(op), 0.25f, 0.75f), 0.25f);
 }
 
-TEST_F(IxScanlineBlendTest, RgbaAlphaComesFromBOrStays) {
-  GeInterval<int> const xs(3, 8);
-  IxPaddingPolicy<Rgba> const pad(IxScanlineTypes::NOOP, Rgba());
-  IxScanline<Rgba> a(xs, pad);
-  IxScanline<Rgba> b(xs, pad);
-  IxScanline<Rgba> dst(xs, pad);
-  for (int x = xs.min; x < xs.max; ++x) {
-    a[x] = Rgba(0.25f, 0.5f, 0.75f, 0.125f * x);
-    b[x] = Rgba(0.5f, 0.25f, 1.0f, 0.0625f * x);
-  }
-  for (int op : {int(IxScanlineBlend::BLEND_NORMAL), int(IxScanlineBlend::BLEND_ADD),
-                 int(IxScanlineBlend::BLEND_VALUE)}) {
-    IxScanlineBlend const mode{Op(op)};
-    SCOPED_TRACE(IxScanlineBlend::getBlendOpName(Op(op)));
-    for (int x = xs.min; x < xs.max; ++x) dst[x] = Rgba(9, 9, 9, -7.0f * x);
-    mode.blend(dst, a, b, nullptr, false);
-    for (int x = xs.min; x < xs.max; ++x) {
-      Rgb const c = mode.blend(Rgb(a[x].r, a[x].g, a[x].b), Rgb(b[x].r, b[x].g, b[x].b));
-      EXPECT_EQ(dst[x], Rgba(c.r, c.g, c.b, -7.0f * x));
-    }
-    mode.blend(dst, a, b, nullptr, true);
-    for (int x = xs.min; x < xs.max; ++x) EXPECT_EQ(dst[x].a, b[x].a);
-  }
-}
-
 TEST_F(IxScanlineBlendTest, IntervalsAreCheckedInOrder) {
   IxPaddingPolicy<float> const pad(IxScanlineTypes::NOOP, 0.f);
   IxScanline<float> wide(GeInterval<int>(0, 10), pad);
@@ -219,12 +189,6 @@ TEST_F(IxScanlineBlendTest, IntervalsAreCheckedInOrder) {
   EXPECT_EQ(conditionOf([&] { add.blend(wide, other, narrow, &span); }), "srcB.getInterval().contains( dstInterval )");
   // A null interval is dst's whole interval, here wider than the sources.
   EXPECT_EQ(conditionOf([&] { add.blend(wide, other, narrow, nullptr); }), "srcB.getInterval().contains( dstInterval )");
-
-  IxPaddingPolicy<Rgba> const padRgba(IxScanlineTypes::NOOP, Rgba());
-  IxScanline<Rgba> rgbaWide(GeInterval<int>(0, 10), padRgba);
-  IxScanline<Rgba> rgbaNarrow(GeInterval<int>(2, 6), padRgba);
-  EXPECT_EQ(conditionOf([&] { add.blend(rgbaWide, rgbaNarrow, rgbaWide, nullptr, true); }),
-            "srcA.getInterval().contains( dstInterval )");
 
   // Positions are absolute: x reads x of both sources, even with different intervals.
   for (int x = 0; x < 10; ++x) {
