@@ -41,14 +41,6 @@ TEST(IpDissolve, BytesTruncateAndWrapWithoutClamp) {
   // Factor -1: -10 truncates to -10, whose low byte is 246; -1 + 2 * 2 = 3.
   ipDissolve(IxWriteGuard(dst), IxReadGuard(a), IxReadGuard(b), -1.f, nullptr, nullptr, nullptr);
   EXPECT_EQ(snapshot(dst), (std::vector<std::uint32_t>{3, 56, 246, 255}));
-
-  // Half and float mix in float; half stores round to the nearest half.
-  IxTile const h = makeTile(1, IxPixelFormat::FLOAT16, GeRectangle<int>(0, 1, 0, 1));
-  IxTile const hb = copyOf(h), hd = copyOf(h);
-  setValue(h, 0, 0, 0, 1.f);
-  setValue(hb, 0, 0, 0, 0.f);
-  ipDissolve(IxWriteGuard(hd), IxReadGuard(h), IxReadGuard(hb), 0.3f, nullptr, nullptr, nullptr);
-  EXPECT_EQ(getRaw(hd, 0, 0, 0), Half::fromFloat(0.3f));
 }
 
 TEST(IpDissolve, FormatsAreCheckedFirstAndRegionsCutToTheirCommonSize) {
