@@ -189,6 +189,57 @@ TEST(IpApplyColorMatrix, InPlaceRegionsAndPixelByPixelWalksGiveTheSameResult) {
     }
 }
 
+TEST(IpApplyColorMatrix, EightBitLinesAgreeWithPixelByPixelLookups) {
+  // Awkward elements, so that products and sums round: any fused or reordered arithmetic in the
+  // line form shows as a byte that differs from the table's.
+  GeProjectiveMatrix3<float> m;
+  float const colour[3][4] = {{0.7131f, 0.3317f, -0.1093f, 0.0417f},
+                              {-0.2213f, 0.9173f, 0.3711f, -0.0731f},
+                              {0.1371f, -0.2719f, 1.1353f, 0.0133f}};
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < 4; ++j) m.getData()[4 * j + i] = colour[i][j];
+  m(3, 3) = 0.7071f;
+  for (int comps : {3, 4}) {
+    int const width = 259;
+    GeRectangle<int> const region(0, width, 0, 16);
+    IxTile const original = makeTile(comps, IxPixelFormat::UINT8, region);
+    std::uint32_t state = 12345;
+    for (int y = 0; y < 16; ++y)
+      for (int x = 0; x < width; ++x)
+        for (int c = 0; c < comps; ++c) {
+          state = state * 1664525u + 1013904223u;
+          setRaw(original, x, y, c, state >> 24);
+        }
+    IxTile const lines = makeTile(comps, IxPixelFormat::UINT8, region);
+    ipApplyColorMatrix(IxWriteGuard(lines), IxReadGuard(original), m, nullptr, nullptr);
+    // In place, source left of the destination: walked backwards one pixel at a time.
+    GeRectangle<int> const dstRegion(1, width, 0, 16), srcRegion(0, width - 1, 0, 16);
+    IxTile const pixels = copyOf(original);
+    ipApplyColorMatrix(IxWriteGuard(pixels), IxReadGuard(pixels), m, &dstRegion, &srcRegion);
+    for (int y = 0; y < 16; ++y)
+      for (int x = 1; x < width; ++x)
+        for (int c = 0; c < comps; ++c)
+          ASSERT_EQ(getRaw(lines, x - 1, y, c), getRaw(pixels, x, y, c)) << comps << ": " << x << ',' << y << ' ' << c;
+  }
+}
+
+TEST(IpApplyColorMatrix, EightBitEntriesAreRoundedBeforeTheyAreSummed) {
+  // 0.036 scaled to bytes, times 250, is just below 9 and rounds to 9 in single precision; the
+  // translation scales to exactly -8. The table's entry is the rounded 9, so the sum is 1; a fused
+  // multiply-add would see 0.99999 and truncate it to 0.
+  GeProjectiveMatrix3<float> m;
+  m(0, 0) = 0.036f;
+  m.getData()[12] = -0.0313725508749485f;
+  for (int comps : {3, 4}) {
+    GeRectangle<int> const region(0, 9, 0, 1);
+    IxTile const src = makeTile(comps, IxPixelFormat::UINT8, region), dst = makeTile(comps, IxPixelFormat::UINT8, region);
+    for (int x = 0; x < 9; ++x)
+      for (int c = 0; c < comps; ++c) setRaw(src, x, 0, c, 250);
+    ipApplyColorMatrix(IxWriteGuard(dst), IxReadGuard(src), m, nullptr, nullptr);
+    for (int x = 0; x < 9; ++x) EXPECT_EQ(1u, getRaw(dst, x, 0, 0)) << comps << ": " << x;
+  }
+}
+
 TEST(IpApplyColorMatrix, OtherComponentCountsAbort) {
   for (int comps : {1}) {
     IxTile const tile = makeTile(comps, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 2, 0, 2));
