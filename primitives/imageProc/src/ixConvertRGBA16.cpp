@@ -2,6 +2,8 @@
 
 #include "ixConvertImp.h"
 
+#include <immintrin.h>
+
 namespace Orn {
 namespace IxConvertImp {
 
@@ -9,9 +11,46 @@ namespace {
 
 using PixelRGBA16 = IxPixel<IxPixelCompFloat16, 4>;
 
+bool hasF16c() {
+  static bool const supported = [] {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("f16c");
+  }();
+  return supported;
+}
+
+// Groups of four pixels through the processor's own half conversion, which gives the same bits as
+// Half::toFloat for zeros and normal halves. A group with a denormal or an exponent-31 half (which
+// Half::toFloat reads as a number, not as an infinity or NaN) goes the SSE2 way. Returns the
+// number of pixels done, a multiple of 4.
+__attribute__((target("avx2,f16c"))) unsigned readGroupsF16c(Rgba* dst, PixelRGBA16 const* src, unsigned n) {
+  __m256i const mask = _mm256_set1_epi16(0x7FFF);
+  __m256i const lastDenormal = _mm256_set1_epi16(0x3FF);
+  __m256i const lastFinite = _mm256_set1_epi16(0x7BFF);
+  unsigned i = 0;
+  for (; i + 4 <= n; i += 4) {
+    __m256i const h = _mm256_loadu_si256(reinterpret_cast<__m256i const*>(src + i));
+    __m256i const m = _mm256_and_si256(h, mask);
+    __m256i const normal = _mm256_andnot_si256(_mm256_cmpgt_epi16(m, lastFinite), _mm256_cmpgt_epi16(m, lastDenormal));
+    __m256i const usable = _mm256_or_si256(normal, _mm256_cmpeq_epi16(m, _mm256_setzero_si256()));
+    if (_mm256_movemask_epi8(usable) == -1) {
+      _mm256_storeu_ps(&dst[i].r, _mm256_cvtph_ps(_mm256_castsi256_si128(h)));
+      _mm256_storeu_ps(&dst[i + 2].r, _mm256_cvtph_ps(_mm256_extracti128_si256(h, 1)));
+    } else {
+      for (unsigned k = 0; k < 4; k += 2) {
+        __m128 lo, hi;
+        halfToFloat8(_mm_load_si128(reinterpret_cast<__m128i const*>(src + i + k)), lo, hi);
+        _mm_store_ps(&dst[i + k].r, lo);
+        _mm_store_ps(&dst[i + k + 1].r, hi);
+      }
+    }
+  }
+  return i;
+}
+
 void readBlocks(Rgba* dst, PixelRGBA16 const* src, unsigned n) {
   ORN_ASSERT_TEXT(addressOf(src) % 16 == 0 && addressOf(dst) % 16 == 0, "( src % 16 ) == 0 && ( dst % 16 ) == 0");
-  for (unsigned i = 0; i < n; i += 2) {
+  for (unsigned i = hasF16c() ? readGroupsF16c(dst, src, n) : 0; i < n; i += 2) {
     __m128 lo, hi;
     halfToFloat8(_mm_load_si128(reinterpret_cast<__m128i const*>(src + i)), lo, hi);
     _mm_store_ps(&dst[i].r, lo);
