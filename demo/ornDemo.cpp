@@ -22,6 +22,10 @@ std::vector<Section>& sections() {
 
 int main(int argc, char** argv) {
   std::string const outDir = argc > 1 ? argv[1] : "out";
+  if (outDir.empty() || outDir[0] == '-') {
+    std::printf("usage: ornDemo [output folder]   (default: out)\n");
+    return outDir == "-h" || outDir == "--help" ? 0 : 2;
+  }
   try {
     std::filesystem::create_directories(outDir);
     Orn::InInitService::initialize();
