@@ -43,6 +43,16 @@ inline void convertInStages(Dst* dst, Src* src, unsigned n, One one, Blocks bloc
   while (n--) one(*dst++, *src++);
 }
 
+// Whether the processor has AVX2 and F16C, for the paths that choose them at run time and give
+// the same bits as the SSE2 ones.
+inline bool hasAvx2F16c() {
+  static bool const supported = [] {
+    __builtin_cpu_init();
+    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("f16c");
+  }();
+  return supported;
+}
+
 // Half block stores produce float denormals on the way (see blockToHalf8). Turns flush-to-zero off for the thread,
 // writing MXCSR only when it was on, and leaves it off.
 inline void clearFlushToZero() {

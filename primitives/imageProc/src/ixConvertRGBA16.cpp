@@ -11,14 +11,6 @@ namespace {
 
 using PixelRGBA16 = IxPixel<IxPixelCompFloat16, 4>;
 
-bool hasAvx2F16c() {
-  static bool const supported = [] {
-    __builtin_cpu_init();
-    return __builtin_cpu_supports("avx2") && __builtin_cpu_supports("f16c");
-  }();
-  return supported;
-}
-
 // Groups of four pixels through the processor's own half conversion, which gives the same bits as
 // Half::toFloat for zeros and normal halves. A group with a denormal or an exponent-31 half (which
 // Half::toFloat reads as a number, not as an infinity or NaN) goes the SSE2 way. Returns the
