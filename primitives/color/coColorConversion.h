@@ -10,7 +10,7 @@ namespace Orn {
 class CoColorConversion {
 public:
   // Selector of the matrix table. Other values may be passed: they have no matrix.
-  enum ColorSpaces {
+  enum ColorSpaces : int {
     RGB = 0,
     CMY = 1,
     YPBPR_601 = 2,

@@ -16,7 +16,7 @@ namespace Orn {
 class IpColorMatrix {
 public:
   // What an output channel takes in makeRewire.
-  enum IpRewire {
+  enum IpRewire : int {
     REWIRE_RED = 0,
     REWIRE_GREEN = 1,
     REWIRE_BLUE = 2,
