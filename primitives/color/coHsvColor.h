@@ -16,7 +16,7 @@ public:
 
   // Sets h, s and v from rgb. A grey (or black) gives h = 0 and s = 0.
   void convertFromRgb(CoRgbColorTyped<float> const& rgb);
-  // Sets s and v only; h keeps its value.
+  // Sets s and v only; h keeps its value. A grey gives s = 0 and v = 0 (not its level).
   void convertFromRgbToSvOnly(CoRgbColorTyped<float> const& rgb);
   // The rgb colour; h is taken modulo 360, s <= 0 gives a grey of value v.
   CoRgbColorTyped<float> convertToRgb() const;

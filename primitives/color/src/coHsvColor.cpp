@@ -49,8 +49,11 @@ void CoHsvColor::convertFromRgbToSvOnly(CoRgbColorTyped<float> const& rgb) {
   float minV;
   float maxV;
   computeMinMax(rgb, minV, maxV);
-  v = maxV;
-  s = minV >= maxV ? 0.0f : (maxV - minV) / maxV;
+  // Unlike convertFromRgb, a grey (all channels equal) gives value 0 as well as saturation 0; the
+  // blend modes that take saturation or value from a layer rely on this.
+  bool const grey = minV >= maxV;
+  s = grey ? 0.0f : (maxV - minV) / maxV;
+  v = grey ? 0.0f : maxV;
 }
 
 CoRgbColorTyped<float> CoHsvColor::convertToRgb() const {

@@ -57,6 +57,11 @@ TEST(CoHsvColorTest, RoundTripSaturationValueOnlyAndText) {
     svOnly.convertFromRgbToSvOnly(rgb);
     EXPECT_EQ(CoHsvColor(123.0f, hsv.s, hsv.v), svOnly);
   }
+  // A grey keeps its level through convertFromRgb, but not through the reduced route.
+  CoHsvColor grey(45.0f, 9.0f, 9.0f);
+  grey.convertFromRgbToSvOnly(Rgb(0.5f, 0.5f, 0.5f));
+  EXPECT_EQ(grey, CoHsvColor(45.0f, 0.0f, 0.0f));
+  EXPECT_EQ(CoHsvColor(Rgb(0.5f, 0.5f, 0.5f)).v, 0.5f);
   CoHsvColor const original(1.0f / 3.0f, 0.1f, 1e-7f);
   std::stringstream text;
   text.precision(2);  // the stream's setting must not lose digits
