@@ -50,6 +50,7 @@ public:
   // The colour of the image outside its tiles, as it leaves this node.
   virtual CoRgbaColorTyped<float> getFillColor() const = 0;
   // Line y of the ring; the pointer argument only selects the element type and is passed as null.
+  // y must lie in this node's region and still be in the ring, which isn't checked.
   virtual IxScanline<CoRgbaColorTyped<float>>& getOutputScanline(int y, CoRgbaColorTyped<float>*);
   virtual IxScanline<float>& getOutputScanline(int y, float*);
   // Called once per run before the first line: sets the current line and makes the ring.
