@@ -227,8 +227,19 @@ private:
   bool editKeyframe(double time, Edit const& edit);
   void copyFrom(TcTimeCurve const& other);
   void pruneHandlers();
+  // The only ways keys join or leave the set: they keep _sortedKeys in step with it.
+  bool insertKey(RCShdPtr<TmKeyframe> const& key);
+  void eraseKey(KeyIterator it);
+  void clearKeys();
+  // Reads the key times into _sortedTimes again after keys moved in place.
+  void refreshSortedTimes();
 
   KeySet _keyframes;
+  // The keys of the set in the same order and their times, in one block each: evaluation searches
+  // the times without branches. A key moved in place by its holder leaves a time stale; evaluation
+  // checks what it finds against the keys themselves.
+  Vector<RCShdPtr<TmKeyframe>> _sortedKeys;
+  Vector<double> _sortedTimes;
   RCShdPtr<TcExtrapolator> _extrapolator;
   TmAnimTypes::ExtrapolationType _extrapolationType;
   TmAnimTypes::InterpolationType _defaultInterpolationType;

@@ -89,6 +89,20 @@ double TcBezierInterpolator::solveParameter(double a, double b, double x) {
     double const phi = std::acos(-q / std::sqrt(-p * p * p)) / 3.0;
     double const r = 2.0 * std::sqrt(-p);
     double const thirdPi = 1.0471975511965976;
+    double const shift = p2 / 3.0;
+    // For phi in [0, PI/3] the three roots come in decreasing order, and the largest one in [0, 1]
+    // wins. Away from the two ends of that range the gaps between the roots are far above the
+    // rounding of cos, so the first root found in range is the answer and the cosines of the others
+    // need not be taken. Near the ends two roots may swap by an ulp: take all three there.
+    double const margin = 1.0e-6;
+    if (phi > margin && phi < thirdPi - margin) {
+      double const first = r * std::cos(phi) - shift;
+      if (first >= 0.0 && first <= 1.0) return first;
+      double const second = -r * std::cos(phi + thirdPi) - shift;
+      if (second >= 0.0 && second <= 1.0) return second;
+      double const third = -r * std::cos(phi - thirdPi) - shift;
+      return third >= 0.0 && third <= 1.0 ? third : -1.0;
+    }
     roots[0] = r * std::cos(phi);
     roots[1] = -r * std::cos(phi + thirdPi);
     roots[2] = -r * std::cos(phi - thirdPi);

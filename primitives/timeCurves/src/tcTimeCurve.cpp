@@ -61,7 +61,7 @@ TcTimeCurve::TcTimeCurve(RCProxyPvtEngPtr<Vector<double>> const& keyframes,
   Vector<double> const& data = *keyframes;
   for (std::size_t i = 0; i < interpolations->size(); ++i) {
     double const* d = &data[6 * i];
-    _keyframes.insert(RCShdPtr<TmKeyframe>(
+    insertKey(RCShdPtr<TmKeyframe>(
         new TcKeyframe(GePoint2<double>(d[0], d[1]), d[2], d[3], GePoint2<double>(d[4], d[5]),
                        TmAnimTypes::InterpolationType((*interpolations)[i]), (*constraints)[i])));
   }
@@ -77,9 +77,8 @@ TcTimeCurve& TcTimeCurve::operator=(TcTimeCurve const& other) {
 TcTimeCurve::~TcTimeCurve() = default;
 
 void TcTimeCurve::copyFrom(TcTimeCurve const& other) {
-  KeySet keys;
-  for (RCShdPtr<TmKeyframe> const& key : other._keyframes) keys.insert(RCShdPtr<TmKeyframe>(key->clone()));
-  _keyframes.swap(keys);
+  clearKeys();
+  for (RCShdPtr<TmKeyframe> const& key : other._keyframes) insertKey(RCShdPtr<TmKeyframe>(key->clone()));
   installExtrapolator(other._extrapolationType);
   _defaultInterpolationType = other._defaultInterpolationType;
   _id = other._id;
@@ -87,6 +86,32 @@ void TcTimeCurve::copyFrom(TcTimeCurve const& other) {
   _timeOffset = other._timeOffset;
   _hasTimeTransform = other._hasTimeTransform;
   _limitToNeighbours = other._limitToNeighbours;
+}
+
+bool TcTimeCurve::insertKey(RCShdPtr<TmKeyframe> const& key) {
+  if (!_keyframes.insert(key).second) return false;
+  auto const at = std::upper_bound(_sortedKeys.begin(), _sortedKeys.end(), key, LtKey());
+  _sortedTimes.insert(_sortedTimes.begin() + (at - _sortedKeys.begin()), key->getTime());
+  _sortedKeys.insert(at, key);
+  return true;
+}
+
+void TcTimeCurve::eraseKey(KeyIterator it) {
+  // By identity: a caller may have changed the key's time in place before taking it out.
+  auto const at = std::find(_sortedKeys.begin(), _sortedKeys.end(), *it);
+  _sortedTimes.erase(_sortedTimes.begin() + (at - _sortedKeys.begin()));
+  _sortedKeys.erase(at);
+  _keyframes.erase(it);
+}
+
+void TcTimeCurve::clearKeys() {
+  _keyframes.clear();
+  _sortedKeys.clear();
+  _sortedTimes.clear();
+}
+
+void TcTimeCurve::refreshSortedTimes() {
+  for (std::size_t i = 0; i < _sortedKeys.size(); ++i) _sortedTimes[i] = _sortedKeys[i]->getTime();
 }
 
 TmTimeCurve* TcTimeCurve::clone() const {
@@ -266,16 +291,35 @@ ORN_TC_FLAG_QUERY(isTangentLengthUnified)
 // ---- Evaluation
 
 double TcTimeCurve::evaluate(double time) const {
-  if (_keyframes.empty()) return 0.0;
-  TmKeyframe const& first = **_keyframes.begin();
-  if (_keyframes.size() == 1) return first.getValue();
-  TmKeyframe const& last = **_keyframes.rbegin();
+  std::size_t const nbKeys = _sortedKeys.size();
+  if (nbKeys == 0) return 0.0;
+  TmKeyframe const& first = *_sortedKeys.front();
+  if (nbKeys == 1) return first.getValue();
+  TmKeyframe const& last = *_sortedKeys.back();
   double const t0 = first.getTime();
   double const t1 = last.getTime();
   if (t0 > time || (time > t1 && !isSameTime(time, t1)))
     return _extrapolator->evaluate(time, RCShdPtr<TmTimeCurve const>(this));
   if (isSameTime(time, t0)) return first.getValue();
   if (isSameTime(time, t1)) return last.getValue();
+  // The last key at or before time + tolerance (the first key always is: t0 <= time), found by
+  // halving without branches on the comparison, which is as good as random for random times.
+  double const limit = time + TcConstants::kTimeTolerance;
+  double const* times = _sortedTimes.data();
+  std::size_t n = nbKeys;
+  while (n > 1) {
+    std::size_t const half = n / 2;
+    times = limit < times[half] ? times : times + half;
+    n -= half;
+  }
+  std::size_t const at = std::size_t(times - _sortedTimes.data());
+  TmKeyframe const& key = *_sortedKeys[at];
+  double const keyTime = key.getTime();
+  if (at + 1 < nbKeys && !(limit < keyTime) && limit < _sortedKeys[at + 1]->getTime()) {
+    if (isSameTime(keyTime, time)) return key.getValue();
+    return key.evaluate(time, _sortedKeys[at + 1]);
+  }
+  // A stale time: the keys themselves decide.
   KeyIterator const it = findSegment(time);
   if (isSameTime((*it)->getTime(), time)) return (*it)->getValue();
   return (*it)->evaluate(time, *std::next(it));
@@ -285,7 +329,7 @@ double TcTimeCurve::evaluate(double time) const {
 
 void TcTimeCurve::addKeyframe(double time, double value) {
   if (_keyframes.empty()) {
-    _keyframes.insert(createKeyframe(time, value, _defaultInterpolationType));
+    insertKey(createKeyframe(time, value, _defaultInterpolationType));
   } else {
     KeyIterator const existing = findKeyframe(time);
     if (existing != _keyframes.end()) {
@@ -295,7 +339,7 @@ void TcTimeCurve::addKeyframe(double time, double value) {
       KeyIterator const segment = findSegment(time);
       TmAnimTypes::InterpolationType const type =
           segment == _keyframes.end() ? _defaultInterpolationType : (*segment)->getInterpolationType();
-      _keyframes.insert(createKeyframe(time, value, type));
+      insertKey(createKeyframe(time, value, type));
       updateAutoTangents(time, true);
     }
   }
@@ -305,8 +349,8 @@ void TcTimeCurve::addKeyframe(double time, double value) {
 void TcTimeCurve::addKeyframe(RCShdPtr<TmKeyframe> const& key) {
   double const time = key->getTime();
   KeyIterator const existing = findKeyframe(time);
-  if (existing != _keyframes.end()) _keyframes.erase(existing);
-  _keyframes.insert(key);
+  if (existing != _keyframes.end()) eraseKey(existing);
+  insertKey(key);
   updateAutoTangents(time, true);
   touch();
 }
@@ -319,7 +363,7 @@ bool TcTimeCurve::removeKeyframe(double time) {
   KeyIterator const next = std::next(it);
   bool const hasNext = next != _keyframes.end();
   double const nextTime = hasNext ? (*next)->getTime() : 0.0;
-  _keyframes.erase(it);
+  eraseKey(it);
   // The handles that faced the removed key are derived anew, auto tangents or not.
   if (hasPrevious) computeAutoTangent(previousTime, OUT_TANGENT);
   if (hasNext) computeAutoTangent(nextTime, IN_TANGENT);
@@ -356,9 +400,9 @@ RCShdPtr<TmKeyframe> TcTimeCurve::moveKeyframe(double oldTime, double newTime, d
     if (notify == NOTIFY) touch();
     return key;
   }
-  _keyframes.erase(it);
+  eraseKey(it);
   key->move(timeChanged ? newTime : key->getTime(), valueChanged ? newValue : key->getValue());
-  _keyframes.insert(key);
+  insertKey(key);
   updateAutoTangents(key->getTime(), true);
   if (notify == NOTIFY) touch();
   return key;
@@ -378,6 +422,7 @@ void TcTimeCurve::shiftKeys(double delta) {
     for (auto it = _keyframes.rbegin(); it != _keyframes.rend(); ++it)
       (*it)->move((*it)->getTime() + delta, (*it)->getValue());
   }
+  refreshSortedTimes();
 }
 
 bool TcTimeCurve::scaleTime(double factor) {
@@ -392,6 +437,7 @@ bool TcTimeCurve::scaleTime(double factor) {
       std::for_each(_keyframes.rbegin(), _keyframes.rend(), scale);
     else
       std::for_each(_keyframes.begin(), _keyframes.end(), scale);
+    refreshSortedTimes();
   }
   touch();
   return true;
@@ -402,9 +448,9 @@ bool TcTimeCurve::setKeyframeInterpolation(double time, TmAnimTypes::Interpolati
   if (it == _keyframes.end()) return false;
   if ((*it)->getInterpolationType() == type) return true;
   RCShdPtr<TmKeyframe> const key = *it;
-  _keyframes.erase(it);
+  eraseKey(it);
   key->setInterpolationType(type);
-  _keyframes.insert(key);
+  insertKey(key);
   touch();
   return true;
 }
@@ -415,9 +461,9 @@ bool TcTimeCurve::editKeyframe(double time, Edit const& edit) {
   if (it == _keyframes.end()) return false;
   RCShdPtr<TmKeyframe> const key = *it;
   TcKeyframe& tc = asTcKeyframe(key);
-  _keyframes.erase(it);
+  eraseKey(it);
   edit(tc);
-  _keyframes.insert(key);
+  insertKey(key);
   touch();
   return true;
 }
@@ -474,8 +520,8 @@ void TcTimeCurve::setKeyframes(ConstIterator<RCShdPtr<TmKeyframe>> keyframes) {
   Keys clones;
   for (keyframes.first(); !keyframes.atEnd(); keyframes.next())
     clones.push_back(RCShdPtr<TmKeyframe>(keyframes.item()->clone()));
-  _keyframes.clear();
-  for (RCShdPtr<TmKeyframe> const& key : clones) _keyframes.insert(key);
+  clearKeys();
+  for (RCShdPtr<TmKeyframe> const& key : clones) insertKey(key);
   touch();
 }
 
@@ -525,7 +571,7 @@ bool TcTimeCurve::computeAutoTangent(double time, int sides) {
     }
   }
 
-  _keyframes.erase(it);
+  eraseKey(it);
   if (sides == BOTH_TANGENTS) {
     key->setInTangent(in, TmKeyframe::APPLY_CONSTRAINTS, 1.0);
     key->setOutTangent(out, TmKeyframe::APPLY_CONSTRAINTS, 1.0);
@@ -534,7 +580,7 @@ bool TcTimeCurve::computeAutoTangent(double time, int sides) {
   } else if (sides & OUT_TANGENT) {
     key->setOutTangent(out, TmKeyframe::IGNORE_CONSTRAINTS, 1.0);
   }
-  _keyframes.insert(key);
+  insertKey(key);
   return true;
 }
 

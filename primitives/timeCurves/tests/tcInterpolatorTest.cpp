@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 #include <random>
 
@@ -151,6 +153,58 @@ TEST(TcInterpolatorTest, CubicRootCases) {
               bisect([&](double s) { return timeAt(-1.0, 2.0, s) - level; }, 1.0, 2.0), 1e-12);
   // Three roots -1, 2 and 3 (a = -1/6, b = 1/3, x = 3), none in [0, 1]: the parameter is -1.
   EXPECT_EQ(TcBezierInterpolator::solveParameter(-1.0 / 6.0, 1.0 / 3.0, 3.0), -1.0);
+}
+
+namespace {
+
+// Three-real-root selection taking every cosine, as a reference for the solver's shortcut.
+double largestRootInRange(double a, double b, double x) {
+  double const c3 = (a - b) * 3.0 + 1.0, c2 = 3.0 * (b - 2.0 * a), c1 = 3.0 * a;
+  double const p2 = c2 / c3, p1 = c1 / c3, p0 = -x / c3;
+  double const p = (-1.0 / 3.0 * p2 * p2 + p1) * (1.0 / 3.0);
+  double const q = ((0.07407407407407407 * p2 * p2 - p1 / 3.0) * p2 + p0) * 0.5;
+  double const phi = std::acos(-q / std::sqrt(-p * p * p)) / 3.0;
+  double const r = 2.0 * std::sqrt(-p);
+  double const roots[3] = {r * std::cos(phi), -r * std::cos(phi + 1.0471975511965976),
+                           -r * std::cos(phi - 1.0471975511965976)};
+  double best = -1.0;
+  for (double root : roots) {
+    root -= p2 / 3.0;
+    if (root >= 0.0 && root <= 1.0) best = best < 0.0 ? root : std::max(best, root);
+  }
+  return best;
+}
+
+}  // namespace
+
+TEST(TcInterpolatorTest, ThreeRootSelectionKeepsEveryBit) {
+  // Handles at 0.333 of a segment (automatic handles) and wide handles, over the whole range of x
+  // and next to the levels where two roots meet.
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  int nbChecked = 0;
+  auto const check = [&](double a, double b, double x) {
+    double const c3 = (a - b) * 3.0 + 1.0, p2 = 3.0 * (b - 2.0 * a) / c3, p1 = 3.0 * a / c3;
+    double const p = (-1.0 / 3.0 * p2 * p2 + p1) * (1.0 / 3.0);
+    double const q = ((0.07407407407407407 * p2 * p2 - p1 / 3.0) * p2 - x / c3) * 0.5;
+    if (!(q * q + p * p * p < -1.7763568394002505e-15) || x == 0.0 || x == 1.0) return;
+    ++nbChecked;
+    double const expected = largestRootInRange(a, b, x);
+    double const actual = TcBezierInterpolator::solveParameter(a, b, x);
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(actual), std::bit_cast<std::uint64_t>(expected))
+        << "a " << a << " b " << b << " x " << x;
+  };
+  for (int i = 0; i < 20000; ++i) {
+    check(0.333, 0.667, unit(random));
+    check(-1.0, 2.0, unit(random) * 1.4 - 0.2);
+    check(unit(random) * 3.0 - 1.0, unit(random) * 3.0 - 1.0, unit(random) * 1.4 - 0.2);
+  }
+  double const uMin = 0.5 - std::sqrt(0.125);
+  for (double e = 1e-3; e > 1e-15; e *= 0.5) {
+    check(-1.0, 2.0, timeAt(-1.0, 2.0, uMin) + e);
+    check(-1.0, 2.0, timeAt(-1.0, 2.0, 1.0 - uMin) - e);
+  }
+  EXPECT_GT(nbChecked, 20000);
 }
 
 TEST(TcInterpolatorTest, BezierUsesHandlesCutAtTheNeighbour) {

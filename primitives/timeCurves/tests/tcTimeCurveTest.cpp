@@ -276,6 +276,32 @@ TEST(TcTimeCurveTest, ScalingTime) {
   EXPECT_DOUBLE_EQ(curve->getLastKeyframe()->getTime(), 2.0 + 12.0 * kTol);
 }
 
+TEST(TcTimeCurveTest, EvaluationFollowsKeysMovedInPlace) {
+  // A copy sorts its keys afresh: it is the reference after every move in place.
+  RCShdPtr<TcTimeCurve> const curve =
+      makeCurve({P(0, 0), P(1, 2), P(2, -1), P(3, 1), P(4, 0)}, TmAnimTypes::INTERPOLATION_BEZIER);
+  auto const expectAsCopy = [&](char const* what) {
+    RCShdPtr<TcTimeCurve const> const copy = new TcTimeCurve(*curve);
+    for (double t = -1.0; t < 12.0; t += 0.0625) ASSERT_EQ(curve->evaluate(t), copy->evaluate(t)) << what << " " << t;
+  };
+  // By the key's holder, behind the curve's back, within the neighbours and onto a neighbour's slot.
+  curve->getNextKeyframe(1.5)->move(2.6, 3.0);
+  expectAsCopy("moved by its holder");
+  curve->getFirstKeyframe()->move(0.5, 0.0);
+  expectAsCopy("first moved by its holder");
+  curve->moveAllKeyframes(-0.75);
+  expectAsCopy("all moved left");
+  curve->moveAllKeyframes(2.0);
+  expectAsCopy("all moved right");
+  curve->scaleTime(1.7);
+  expectAsCopy("scaled up");
+  curve->scaleTime(0.3);
+  expectAsCopy("scaled down");
+  curve->removeKeyframe(curve->getLastKeyframe()->getTime());
+  curve->addKeyframe(1.3, 4.0);
+  expectAsCopy("removed and added");
+}
+
 TEST(TcTimeCurveTest, FlagsAndInterpolationEdits) {
   RCShdPtr<TcTimeCurve> const curve = makeCurve({P(0, 0), P(10, 5)});
   EXPECT_TRUE(curve->setKeyframeInterpolation(0.0, TmAnimTypes::INTERPOLATION_CONSTANT));
