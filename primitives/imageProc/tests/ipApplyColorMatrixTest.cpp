@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <orn/primitives/imageProc/ipApplyColorMatrix.h>
 #include <orn/primitives/imageProc/ipColorMatrix.h>
+#include <orn/primitives/color/coAffineMatrixTyped.h>
 
 #include <cmath>
 
@@ -146,6 +147,38 @@ TEST(IpApplyColorMatrix, WholeLinesPixelWalksAndInPlaceAgreeBitForBit) {
             ASSERT_EQ(getRaw(x == 0 ? original : lines, x == 0 ? 0 : x - 1, y, c), getRaw(shifted, x, y, c))
                 << x << ',' << y << ' ' << c;
     }
+}
+
+TEST(IpApplyColorMatrix, OneColourThroughAnAffineMatrixGivesThePixelBits) {
+  CoRgbaColorTyped<float> const colours[] = {
+      {0.25f, 0.5f, 0.75f, 0.5f}, {-1.5f, 3.25f, 0.1f, 2.0f}, {0.3f, 0.3f, 0.3f, 0.0f}, {1e-3f, 7.0f, -0.2f, 1.0f}};
+  CoAffineMatrixTyped<float> const matrices[] = {
+      IpColorMatrix::makeContrast(CoRgbColorTyped<float>(1.5f, 0.5f, 2.0f), CoRgbColorTyped<float>(0.2f, 0.5f, 0.7f)),
+      IpColorMatrix::makeRewire(IpColorMatrix::REWIRE_LUMINANCE, IpColorMatrix::REWIRE_INVERT, IpColorMatrix::REWIRE_RED),
+      IpColorMatrix::makeOffset(CoRgbColorTyped<float>(0.1f, -0.2f, 0.3f))};
+  // Meaning: contrast around a pivot per channel, and a rewire of luminance, complement and red.
+  CoRgbaColorTyped<float> const c = colours[1];
+  CoRgbaColorTyped<float> const contrasted = coApplyColorMatrix(matrices[0], c);
+  EXPECT_NEAR(contrasted.r, 1.5f * (c.r - 0.2f) + 0.2f, 1e-5);
+  EXPECT_NEAR(contrasted.b, 2.0f * (c.b - 0.7f) + 0.7f, 1e-5);
+  EXPECT_EQ(contrasted.a, c.a);
+  CoRgbColorTyped<float> const rewired = coApplyColorMatrix(matrices[1], CoRgbColorTyped<float>(c.r, c.g, c.b));
+  EXPECT_NEAR(rewired.r, 0.2126f * c.r + 0.7152f * c.g + 0.0722f * c.b, 1e-5);
+  EXPECT_NEAR(rewired.g, 1.0f - c.g, 1e-6);
+  EXPECT_EQ(rewired.b, c.r);
+
+  // Bit for bit what the tile operator gives a float pixel.
+  IxTile const src = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 4, 0, 1));
+  IxTile const dst = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 4, 0, 1));
+  for (int x = 0; x < 4; ++x)
+    for (int i = 0; i < 4; ++i) setRaw(src, x, 0, i, std::bit_cast<std::uint32_t>(colours[x][i]));
+  for (CoAffineMatrixTyped<float> const& m : matrices) {
+    ipApplyColorMatrix(IxWriteGuard(dst), IxReadGuard(src), GeProjectiveMatrix3<float>(m), nullptr, nullptr);
+    for (int x = 0; x < 4; ++x) {
+      CoRgbaColorTyped<float> const expected = coApplyColorMatrix(m, colours[x]);
+      for (int i = 0; i < 4; ++i) ASSERT_EQ(std::bit_cast<std::uint32_t>(expected[i]), getRaw(dst, x, 0, i));
+    }
+  }
 }
 
 TEST(IpApplyColorMatrix, OtherFormatsAbort) {
