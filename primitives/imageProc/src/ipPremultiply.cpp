@@ -25,7 +25,15 @@ inline __m128 broadcastAlpha(__m128 p) { return _mm_shuffle_ps(p, p, _MM_SHUFFLE
 // Per-pixel arithmetic on one (r, g, b, a) vector. The same function serves every pixel of a row
 // (lead-in, blocks of four, tail) and the scanline path, so a pixel's result does not depend on
 // where it lies.
-struct PremultiplyPixel {
+// Four pixels one by one: the block form of a per-pixel operation with nothing to share.
+template <class Pixel>
+struct PixelByPixel {
+  void block(__m128 (&p)[4]) const {
+    for (__m128& v : p) v = static_cast<Pixel const&>(*this)(v);
+  }
+};
+
+struct PremultiplyPixel : PixelByPixel<PremultiplyPixel> {
   // Alpha multiplies by exactly 1.0.
   __m128 operator()(__m128 p) const { return _mm_mul_ps(p, withAlphaLaneOne(broadcastAlpha(p))); }
 };
@@ -43,18 +51,36 @@ inline __m128 zeroNonFinite(__m128 v) {
   return _mm_and_ps(v, _mm_castsi128_ps(finite));
 }
 
+// d = a where |a| >= 1e-8 (bits 0x322BCC77), else 0, in every lane: a bit mask, no branch.
+inline __m128 thresholdAlpha(__m128 a) {
+  __m128 const magnitude = _mm_and_ps(a, _mm_castsi128_ps(_mm_set1_epi32(0x7FFFFFFF)));
+  __m128 const keep = _mm_cmpge_ps(magnitude, _mm_castsi128_ps(_mm_set1_epi32(0x322BCC77)));
+  return _mm_and_ps(a, keep);
+}
+
 struct UnpremultiplyPixel {
   __m128 operator()(__m128 p) const {
-    __m128 const a = broadcastAlpha(p);
-    // d = a where |a| >= 1e-8 (bits 0x322BCC77), else 0: a bit mask, no branch.
-    __m128 const magnitude = _mm_and_ps(a, _mm_castsi128_ps(_mm_set1_epi32(0x7FFFFFFF)));
-    __m128 const keep = _mm_cmpge_ps(magnitude, _mm_castsi128_ps(_mm_set1_epi32(0x322BCC77)));
-    __m128 const d = _mm_and_ps(a, keep);
-    return zeroNonFinite(_mm_mul_ps(p, reciprocal(withAlphaLaneOne(d))));
+    return zeroNonFinite(_mm_mul_ps(p, reciprocal(withAlphaLaneOne(thresholdAlpha(broadcastAlpha(p))))));
+  }
+
+  // The reciprocals of four pixels from one vector of their four alphas, and the alpha lane's
+  // reciprocal of 1.0 taken once: every lane sees the same instructions on the same value as in
+  // the one-pixel form, so the bits are the same at a third of the work.
+  void block(__m128 (&p)[4]) const {
+    __m128 const alphas = _mm_movehl_ps(_mm_unpackhi_ps(p[2], p[3]), _mm_unpackhi_ps(p[0], p[1]));
+    __m128 const x = reciprocal(thresholdAlpha(alphas));
+    __m128 const one = reciprocal(_mm_set1_ps(1.f));
+    // (x_i, x_i, x_i, one) for each pixel i.
+    __m128 const low = _mm_shuffle_ps(x, one, _MM_SHUFFLE(0, 0, 1, 0));   // x0 x1 one one
+    __m128 const high = _mm_shuffle_ps(x, one, _MM_SHUFFLE(0, 0, 3, 2));  // x2 x3 one one
+    p[0] = zeroNonFinite(_mm_mul_ps(p[0], _mm_shuffle_ps(low, low, _MM_SHUFFLE(2, 0, 0, 0))));
+    p[1] = zeroNonFinite(_mm_mul_ps(p[1], _mm_shuffle_ps(low, low, _MM_SHUFFLE(2, 1, 1, 1))));
+    p[2] = zeroNonFinite(_mm_mul_ps(p[2], _mm_shuffle_ps(high, high, _MM_SHUFFLE(2, 0, 0, 0))));
+    p[3] = zeroNonFinite(_mm_mul_ps(p[3], _mm_shuffle_ps(high, high, _MM_SHUFFLE(2, 1, 1, 1))));
   }
 };
 
-struct UnpremultiplyOverPixel {
+struct UnpremultiplyOverPixel : PixelByPixel<UnpremultiplyOverPixel> {
   __m128 background;  // (r0, g0, b0, 0)
 
   __m128 operator()(__m128 p) const {
@@ -74,14 +100,13 @@ void processRow(float* dst, float const* src, int nbPixels, Pixel const& pixel) 
   for (; i < nbPixels && i < leadIn; ++i) _mm_storeu_ps(dst + 4 * i, pixel(_mm_loadu_ps(src + 4 * i)));
   for (; i + 4 <= nbPixels; i += 4) {
     _mm_prefetch(reinterpret_cast<char const*>(src + 4 * i) + 256, _MM_HINT_T0);
-    __m128 const p0 = pixel(_mm_loadu_ps(src + 4 * i));
-    __m128 const p1 = pixel(_mm_loadu_ps(src + 4 * i + 4));
-    __m128 const p2 = pixel(_mm_loadu_ps(src + 4 * i + 8));
-    __m128 const p3 = pixel(_mm_loadu_ps(src + 4 * i + 12));
-    _mm_storeu_ps(dst + 4 * i, p0);
-    _mm_storeu_ps(dst + 4 * i + 4, p1);
-    _mm_storeu_ps(dst + 4 * i + 8, p2);
-    _mm_storeu_ps(dst + 4 * i + 12, p3);
+    __m128 p[4] = {_mm_loadu_ps(src + 4 * i), _mm_loadu_ps(src + 4 * i + 4), _mm_loadu_ps(src + 4 * i + 8),
+                   _mm_loadu_ps(src + 4 * i + 12)};
+    pixel.block(p);
+    _mm_storeu_ps(dst + 4 * i, p[0]);
+    _mm_storeu_ps(dst + 4 * i + 4, p[1]);
+    _mm_storeu_ps(dst + 4 * i + 8, p[2]);
+    _mm_storeu_ps(dst + 4 * i + 12, p[3]);
   }
   for (; i < nbPixels; ++i) _mm_storeu_ps(dst + 4 * i, pixel(_mm_loadu_ps(src + 4 * i)));
 }
@@ -137,7 +162,7 @@ void ipPremultiply(IxWriteGuard const& dst, IxReadGuard const& src) { run(dst, s
 void ipUnpremultiply(IxWriteGuard const& dst, IxReadGuard const& src) { run(dst, src, UnpremultiplyPixel()); }
 
 void ipUnpremultiply(IxWriteGuard const& dst, IxReadGuard const& src, CoRgbColorTyped<float> const& background) {
-  run(dst, src, UnpremultiplyOverPixel{_mm_setr_ps(background.r, background.g, background.b, 0.f)});
+  run(dst, src, UnpremultiplyOverPixel{{}, _mm_setr_ps(background.r, background.g, background.b, 0.f)});
 }
 
 }  // namespace Orn

@@ -62,6 +62,22 @@ TEST(IpPremultiply, FloatRowsGiveTheSameResultAtEveryPositionOfTheRow) {
   for (int i = 0; i < 4; ++i) EXPECT_NEAR(first[i], straight[i], 2e-6f * std::fabs(straight[i]));
   for (int y = 0; y < 3; ++y)
     for (int x = 3; x < 40; ++x) ASSERT_EQ(getPixel(back, x, y), first);
+
+  // Pixels that all differ, alphas under the threshold, negative, infinite and NaN among them: each
+  // result has the bits of the same pixel unpremultiplied alone.
+  float const alphas[] = {0.37f, 5e-9f, -0.5f, 1.f, std::numeric_limits<float>::infinity(), quietNan, 2e-8f, 0.f, 3.f};
+  for (int y = 0; y < 3; ++y)
+    for (int x = 3; x < 40; ++x)
+      setPixel(src, x, y, Rgba(0.1f * float(x), -0.03f * float(y + x), quietNan, alphas[(x + y) % 9]));
+  ipUnpremultiply(IxWriteGuard(back), IxReadGuard(src));
+  IxTile const one = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 1, 0, 1));
+  IxTile const alone = makeTile(4, IxPixelFormat::FLOAT32, GeRectangle<int>(0, 1, 0, 1));
+  for (int y = 0; y < 3; ++y)
+    for (int x = 3; x < 40; ++x) {
+      setPixel(one, 0, 0, getPixel(src, x, y));
+      ipUnpremultiply(IxWriteGuard(alone), IxReadGuard(one));
+      for (int i = 0; i < 4; ++i) ASSERT_EQ(getRaw(back, x, y, i), getRaw(alone, 0, 0, i)) << x << "," << y << "," << i;
+    }
 }
 
 TEST(IpUnpremultiply, ThresholdNonFiniteLanesAndBackground) {
