@@ -43,6 +43,32 @@ inline void convertInStages(Dst* dst, Src* src, unsigned n, One one, Blocks bloc
   while (n--) one(*dst++, *src++);
 }
 
+// Rows of three-component pixels, whatever the depth: an RGB tile has no alpha, so a colour line
+// gets alpha 1 and the alpha is dropped on the way back. B and the block converters are the depth's.
+template <unsigned B, class Pixel, class Blocks>
+inline void readRgbRow(Rgba* dst, Uchar const* src, unsigned n, Blocks blocks) {
+  convertInStages<B>(
+      dst, reinterpret_cast<Pixel const*>(src), n,
+      [](Rgba& d, Pixel const& s) { d = Rgba(s[0].get(), s[1].get(), s[2].get(), 1.f); }, blocks);
+}
+
+template <unsigned B, class Pixel, class Blocks>
+inline void writeRgbRow(Uchar* dst, Rgba const* src, unsigned n, Blocks blocks) {
+  convertInStages<B>(
+      reinterpret_cast<Pixel*>(dst), src, n,
+      [](Pixel& d, Rgba const& s) {
+        d[0].set(s.r);
+        d[1].set(s.g);
+        d[2].set(s.b);
+      },
+      blocks);
+}
+
+// The alpha line of an RGB tile: 1 everywhere, without looking at the tile.
+inline void readOpaqueAlpha(float* dst, unsigned n) {
+  for (unsigned i = 0; i < n; ++i) dst[i] = 1.f;
+}
+
 // Whether the processor has AVX2 and F16C, for the paths that choose them at run time and give
 // the same bits as the SSE2 ones.
 inline bool hasAvx2F16c() {

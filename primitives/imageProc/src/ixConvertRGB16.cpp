@@ -50,27 +50,11 @@ void writeBlocks(PixelRGB16* dst, Rgba const* src, unsigned n) {
 
 }  // namespace
 
-// An RGB tile has no alpha: it reads as 1 and the tile is not looked at.
-void readRGB16(float* dst, Uchar const*, unsigned n) {
-  for (unsigned i = 0; i < n; ++i) dst[i] = 1.f;
-}
+void readRGB16(float* dst, Uchar const*, unsigned n) { readOpaqueAlpha(dst, n); }
 
-void readRGB16(Rgba* dst, Uchar const* src, unsigned n) {
-  convertInStages<8>(
-      dst, reinterpret_cast<PixelRGB16 const*>(src), n,
-      [](Rgba& d, PixelRGB16 const& s) { d = Rgba(s[0].get(), s[1].get(), s[2].get(), 1.f); }, readBlocks);
-}
+void readRGB16(Rgba* dst, Uchar const* src, unsigned n) { readRgbRow<8, PixelRGB16>(dst, src, n, readBlocks); }
 
-void writeRGB16(Uchar* dst, Rgba const* src, unsigned n) {
-  convertInStages<8>(
-      reinterpret_cast<PixelRGB16*>(dst), src, n,
-      [](PixelRGB16& d, Rgba const& s) {
-        d[0].set(s.r);
-        d[1].set(s.g);
-        d[2].set(s.b);
-      },
-      writeBlocks);
-}
+void writeRGB16(Uchar* dst, Rgba const* src, unsigned n) { writeRgbRow<8, PixelRGB16>(dst, src, n, writeBlocks); }
 
 }  // namespace IxConvertImp
 }  // namespace Orn

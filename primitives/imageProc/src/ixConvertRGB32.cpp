@@ -46,27 +46,11 @@ void writeBlocks(PixelRGB32* dst, Rgba const* src, unsigned n) {
 
 }  // namespace
 
-// An RGB tile has no alpha: it reads as 1 and the tile is not looked at.
-void readRGB32(float* dst, Uchar const*, unsigned n) {
-  for (unsigned i = 0; i < n; ++i) dst[i] = 1.f;
-}
+void readRGB32(float* dst, Uchar const*, unsigned n) { readOpaqueAlpha(dst, n); }
 
-void readRGB32(Rgba* dst, Uchar const* src, unsigned n) {
-  convertInStages<4>(
-      dst, reinterpret_cast<PixelRGB32 const*>(src), n,
-      [](Rgba& d, PixelRGB32 const& s) { d = Rgba(s[0].value, s[1].value, s[2].value, 1.f); }, readBlocks);
-}
+void readRGB32(Rgba* dst, Uchar const* src, unsigned n) { readRgbRow<4, PixelRGB32>(dst, src, n, readBlocks); }
 
-void writeRGB32(Uchar* dst, Rgba const* src, unsigned n) {
-  convertInStages<4>(
-      reinterpret_cast<PixelRGB32*>(dst), src, n,
-      [](PixelRGB32& d, Rgba const& s) {
-        d[0].value = s.r;
-        d[1].value = s.g;
-        d[2].value = s.b;
-      },
-      writeBlocks);
-}
+void writeRGB32(Uchar* dst, Rgba const* src, unsigned n) { writeRgbRow<4, PixelRGB32>(dst, src, n, writeBlocks); }
 
 }  // namespace IxConvertImp
 }  // namespace Orn

@@ -48,27 +48,11 @@ void writeBlocks(PixelRGB8* dst, Rgba const* src, unsigned n) {
 
 }  // namespace
 
-// An RGB tile has no alpha: it reads as 1 and the tile is not looked at.
-void readRGB8(float* dst, Uchar const*, unsigned n) {
-  for (unsigned i = 0; i < n; ++i) dst[i] = 1.f;
-}
+void readRGB8(float* dst, Uchar const*, unsigned n) { readOpaqueAlpha(dst, n); }
 
-void readRGB8(Rgba* dst, Uchar const* src, unsigned n) {
-  convertInStages<16>(
-      dst, reinterpret_cast<PixelRGB8 const*>(src), n,
-      [](Rgba& d, PixelRGB8 const& s) { d = Rgba(s[0].get(), s[1].get(), s[2].get(), 1.f); }, readBlocks);
-}
+void readRGB8(Rgba* dst, Uchar const* src, unsigned n) { readRgbRow<16, PixelRGB8>(dst, src, n, readBlocks); }
 
-void writeRGB8(Uchar* dst, Rgba const* src, unsigned n) {
-  convertInStages<16>(
-      reinterpret_cast<PixelRGB8*>(dst), src, n,
-      [](PixelRGB8& d, Rgba const& s) {
-        d[0].set(s.r);
-        d[1].set(s.g);
-        d[2].set(s.b);
-      },
-      writeBlocks);
-}
+void writeRGB8(Uchar* dst, Rgba const* src, unsigned n) { writeRgbRow<16, PixelRGB8>(dst, src, n, writeBlocks); }
 
 }  // namespace IxConvertImp
 }  // namespace Orn

@@ -17,6 +17,28 @@ namespace {
   Assertions::throwProgramAborted("ixConvertUtil", line, nullptr);
 }
 
+// The converter of a format from a table by depth (8-bit, half, float) and layout (alpha, RGB,
+// RGBA); any other format aborts, naming the caller's line.
+template <class Converter>
+Converter pickConverter(Converter const (&table)[3][3], IxPixelFormat const& format, int line) {
+  int depth = -1;
+  switch (format.getDepth()) {
+    case IxPixelFormat::UINT8: depth = 0; break;
+    case IxPixelFormat::FLOAT16: depth = 1; break;
+    case IxPixelFormat::FLOAT32: depth = 2; break;
+    default: break;
+  }
+  int layout = -1;
+  switch (format.getComps()) {
+    case IxPixelFormat::ALPHA: layout = 0; break;
+    case IxPixelFormat::RGB: layout = 1; break;
+    case IxPixelFormat::RGBA: layout = 2; break;
+    default: break;
+  }
+  if (depth < 0 || layout < 0) abortUnsupported(line);
+  return table[depth][layout];
+}
+
 }  // namespace
 
 namespace IxConvertImp {
@@ -141,68 +163,18 @@ void writeRGBA8(Uchar* dst, Rgba const* src, unsigned n) {
 
 void IxConvertUtil::readFrom(float* dst, unsigned char const* src, unsigned int nbPixels,
                              IxPixelFormat const& srcFormat) {
-  switch (srcFormat.getDepth()) {
-    case IxPixelFormat::UINT8:
-      switch (srcFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return readA8(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return readRGB8(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return readRGBA8(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    case IxPixelFormat::FLOAT16:
-      switch (srcFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return readA16(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return readRGB16(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return readRGBA16(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    case IxPixelFormat::FLOAT32:
-      switch (srcFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return readA32(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return readRGB32(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return readRGBA32(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    default:
-      break;
-  }
-  abortUnsupported(__LINE__);
+  using Read = void (*)(float*, Uchar const*, unsigned);
+  static constexpr Read readers[3][3] = {
+      {readA8, readRGB8, readRGBA8}, {readA16, readRGB16, readRGBA16}, {readA32, readRGB32, readRGBA32}};
+  pickConverter(readers, srcFormat, __LINE__)(dst, src, nbPixels);
 }
 
 void IxConvertUtil::readFrom(CoRgbaColorTyped<float>* dst, unsigned char const* src, unsigned int nbPixels,
                              IxPixelFormat const& srcFormat) {
-  switch (srcFormat.getDepth()) {
-    case IxPixelFormat::UINT8:
-      switch (srcFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return readA8(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return readRGB8(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return readRGBA8(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    case IxPixelFormat::FLOAT16:
-      switch (srcFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return readA16(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return readRGB16(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return readRGBA16(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    case IxPixelFormat::FLOAT32:
-      switch (srcFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return readA32(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return readRGB32(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return readRGBA32(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    default:
-      break;
-  }
-  abortUnsupported(__LINE__);
+  using Read = void (*)(Rgba*, Uchar const*, unsigned);
+  static constexpr Read readers[3][3] = {
+      {readA8, readRGB8, readRGBA8}, {readA16, readRGB16, readRGBA16}, {readA32, readRGB32, readRGBA32}};
+  pickConverter(readers, srcFormat, __LINE__)(dst, src, nbPixels);
 }
 
 void IxConvertUtil::readFrom(std::complex<float>* dst, unsigned char const* src, unsigned int nbPixels,
@@ -228,35 +200,10 @@ void IxConvertUtil::writeTo(unsigned char* dst, float const* src, unsigned int n
 
 void IxConvertUtil::writeTo(unsigned char* dst, CoRgbaColorTyped<float> const* src, unsigned int nbPixels,
                             IxPixelFormat const& dstFormat) {
-  switch (dstFormat.getDepth()) {
-    case IxPixelFormat::UINT8:
-      switch (dstFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return writeA8(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return writeRGB8(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return writeRGBA8(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    case IxPixelFormat::FLOAT16:
-      switch (dstFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return writeA16(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return writeRGB16(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return writeRGBA16(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    case IxPixelFormat::FLOAT32:
-      switch (dstFormat.getComps()) {
-        case IxPixelFormat::ALPHA: return writeA32(dst, src, nbPixels);
-        case IxPixelFormat::RGB: return writeRGB32(dst, src, nbPixels);
-        case IxPixelFormat::RGBA: return writeRGBA32(dst, src, nbPixels);
-        default: break;
-      }
-      break;
-    default:
-      break;
-  }
-  abortUnsupported(__LINE__);
+  using Write = void (*)(Uchar*, Rgba const*, unsigned);
+  static constexpr Write writers[3][3] = {
+      {writeA8, writeRGB8, writeRGBA8}, {writeA16, writeRGB16, writeRGBA16}, {writeA32, writeRGB32, writeRGBA32}};
+  pickConverter(writers, dstFormat, __LINE__)(dst, src, nbPixels);
 }
 
 void IxConvertUtil::writeTo(unsigned char* dst, std::complex<float> const* src, unsigned int nbPixels,
