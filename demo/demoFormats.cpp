@@ -59,7 +59,8 @@ void runFormats(std::string const& outDir) {
 
   std::string rates;
   for (ConstIterator<LiRateRegistry::Entry> rate = FmtVideoFormat::getAllVideoRates(); !rate.atEnd(); ++rate) {
-    rates += " " + rate->getEnumName();
+    rates += ' ';
+    rates += rate->getEnumName();
   }
   FmtFormatName film;
   film.setFieldValue(FmtFormatName::CATEGORY, "film");

@@ -2,26 +2,28 @@
 // Sole owner of a heap object. Copying or passing by value moves the ownership and leaves the
 // source empty; the pointee is deleted at the end of the owner's life.
 
-#include <orn/base/rc/rcEx.h>
+#include <orn/base/rc/oPtrBase.h>
 
 #include <type_traits>
 
 namespace Orn {
 
 template <class T>
-class OPtr {
+class OPtr : public OPtrBase<T> {
 public:
-  OPtr() : _pointee(nullptr) {}
+  using OPtrBase<T>::release;
+  using OPtrBase<T>::reset;
+
+  OPtr() : OPtrBase<T>(nullptr) {}
   // Takes ownership of pointee.
-  OPtr(T* pointee) : _pointee(pointee) {}
+  OPtr(T* pointee) : OPtrBase<T>(pointee) {}
   // Ownership transfers: the source is left empty.
-  OPtr(OPtr& other) : _pointee(other.release()) {}
-  OPtr(OPtr&& other) noexcept : _pointee(other.release()) {}
+  OPtr(OPtr& other) : OPtrBase<T>(other.release()) {}
+  OPtr(OPtr&& other) noexcept : OPtrBase<T>(other.release()) {}
   template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  OPtr(OPtr<U>& other) : _pointee(other.release()) {}
+  OPtr(OPtr<U>& other) : OPtrBase<T>(other.release()) {}
   template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  OPtr(OPtr<U>&& other) : _pointee(other.release()) {}
-  ~OPtr() { delete _pointee; }
+  OPtr(OPtr<U>&& other) : OPtrBase<T>(other.release()) {}
 
   OPtr& operator=(OPtr& other) {
     if (this != &other) reset(other.release());
@@ -41,34 +43,6 @@ public:
     reset(other.release());
     return *this;
   }
-
-  bool isNull() const { return _pointee == nullptr; }
-  explicit operator bool() const { return _pointee != nullptr; }
-  T* get() const { return _pointee; }
-
-  T* operator->() const {
-    if (!_pointee) RCExUtil::throwExNullPtr(typeNameOf<T>().c_str());
-    return _pointee;
-  }
-  T& operator*() const { return *operator->(); }
-
-  // Gives the pointee away; the handle is left empty.
-  T* release() {
-    T* pointee = _pointee;
-    _pointee = nullptr;
-    return pointee;
-  }
-  // Deletes the current pointee, unless it is the new one, and owns the new one.
-  void reset(T* pointee = nullptr) {
-    if (pointee != _pointee) {
-      T* old = _pointee;
-      _pointee = pointee;
-      delete old;
-    }
-  }
-
-private:
-  T* _pointee;
 };
 
 }  // namespace Orn

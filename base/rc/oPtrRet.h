@@ -7,21 +7,23 @@
 namespace Orn {
 
 template <class T>
-class OPtrRet {
+class OPtrRet : public OPtrBase<T> {
 public:
-  OPtrRet() : _pointee(nullptr) {}
-  OPtrRet(T* pointee) : _pointee(pointee) {}
-  OPtrRet(OPtrRet& other) : _pointee(other.release()) {}
-  OPtrRet(OPtrRet&& other) noexcept : _pointee(other.release()) {}
+  using OPtrBase<T>::release;
+  using OPtrBase<T>::reset;
+
+  OPtrRet() : OPtrBase<T>(nullptr) {}
+  OPtrRet(T* pointee) : OPtrBase<T>(pointee) {}
+  OPtrRet(OPtrRet& other) : OPtrBase<T>(other.release()) {}
+  OPtrRet(OPtrRet&& other) noexcept : OPtrBase<T>(other.release()) {}
   template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  OPtrRet(OPtrRet<U>& other) : _pointee(other.release()) {}
+  OPtrRet(OPtrRet<U>& other) : OPtrBase<T>(other.release()) {}
   template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  OPtrRet(OPtrRet<U>&& other) : _pointee(other.release()) {}
+  OPtrRet(OPtrRet<U>&& other) : OPtrBase<T>(other.release()) {}
   template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  OPtrRet(OPtr<U>& other) : _pointee(other.release()) {}
+  OPtrRet(OPtr<U>& other) : OPtrBase<T>(other.release()) {}
   template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
-  OPtrRet(OPtr<U>&& other) : _pointee(other.release()) {}
-  ~OPtrRet() { delete _pointee; }
+  OPtrRet(OPtr<U>&& other) : OPtrBase<T>(other.release()) {}
 
   OPtrRet& operator=(OPtrRet& other) {
     if (this != &other) reset(other.release());
@@ -37,32 +39,6 @@ public:
   operator OPtr<U>() {
     return OPtr<U>(release());
   }
-
-  bool isNull() const { return _pointee == nullptr; }
-  explicit operator bool() const { return _pointee != nullptr; }
-  T* get() const { return _pointee; }
-
-  T* operator->() const {
-    if (!_pointee) RCExUtil::throwExNullPtr(typeNameOf<T>().c_str());
-    return _pointee;
-  }
-  T& operator*() const { return *operator->(); }
-
-  T* release() {
-    T* pointee = _pointee;
-    _pointee = nullptr;
-    return pointee;
-  }
-  void reset(T* pointee = nullptr) {
-    if (pointee != _pointee) {
-      T* old = _pointee;
-      _pointee = pointee;
-      delete old;
-    }
-  }
-
-private:
-  T* _pointee;
 };
 
 }  // namespace Orn
