@@ -2,6 +2,7 @@
 #include <orn/primitives/imageProc/ixPixelLoopDstcompDstdepthSrcdepth.h>
 #include <orn/primitives/imageProc/ixPixelLoopDstrgbDstdepthSrcdepth.h>
 
+#include "ipLutPaths.h"
 #include "ipLutStages.h"
 
 #include <vector>
@@ -14,11 +15,13 @@ using IxPixelIterBase::ORDER_H_XPOS_YPOS;
 
 class IpApplyOneLutFunctorArgs : public IxPixelFunctorArgs {
  public:
-  explicit IpApplyOneLutFunctorArgs(IxGenericLut const& lut) : _lut(&lut), _pairs(nullptr) {}
+  explicit IpApplyOneLutFunctorArgs(IxGenericLut const& lut) : _lut(&lut), _pairs(nullptr), _wide(false) {}
   IxGenericLut const* _lut;
   // For large byte-to-byte calls: entry (b1 << 8) | b0 holds the results of bytes b0 and b1 in
   // its low and high byte, so that one lookup maps two bytes.
   std::uint16_t const* _pairs;
+  // Byte-to-byte rows go through the wide loop.
+  bool _wide;
 };
 
 // Below this many components a table of byte pairs costs more to build than it saves.
@@ -41,7 +44,7 @@ class IpApplyOneLutFunctor : public IxPixelFunctor<Dst, Src> {
   using Lut = IxLut<DstComp, SrcComp>;
 
   explicit IpApplyOneLutFunctor(IpApplyOneLutFunctorArgs const& args)
-      : _lut(args._lut->template getLut<DstComp, SrcComp>()), _pairs(args._pairs) {}
+      : _lut(args._lut->template getLut<DstComp, SrcComp>()), _pairs(args._pairs), _wide(args._wide) {}
 
   void operator()(Dst& dst, Src& src) const {
     for (int i = 0; i < Dst::NB_COMPS; ++i) dst[i].value = IpLutStages::storeClamped<DstComp>(_lut.lookup(src[i].value));
@@ -55,6 +58,10 @@ class IpApplyOneLutFunctor : public IxPixelFunctor<Dst, Src> {
     std::uint8_t const* in = reinterpret_cast<std::uint8_t const*>(src);
     std::uint8_t const* const table = _lut.entries;
     std::int32_t const n = nbPixels * Dst::NB_COMPS;
+    if (_wide) {
+      IpLutPaths::lookupBytesWide(table, out, in, n);
+      return;
+    }
     std::int32_t i = 0;
     if (_pairs) {
       for (; i + 8 <= n; i += 8) {
@@ -80,6 +87,7 @@ class IpApplyOneLutFunctor : public IxPixelFunctor<Dst, Src> {
  private:
   Lut const& _lut;
   std::uint16_t const* _pairs;
+  bool _wide;
 };
 
 class IpApplyRGBLutFunctorArgs : public IxPixelFunctorArgs {
@@ -150,12 +158,15 @@ void ipLutApply(IxWriteGuard const& dst, IxReadGuard const& src, IxGenericLut co
   IpLutStages::checkTable(lut, dst, src);
   IpApplyOneLutFunctorArgs args(lut);
   std::vector<std::uint16_t> pairs;
-  GeRectangle<int> const region = IxPixelIterBase::clipRegion(dst.getPixelRegion(), dstRegion);
-  if (lut.getOutputDepth() == IxPixelFormat::UINT8 && lut.getInputDepth() == IxPixelFormat::UINT8 &&
-      std::int64_t(region.getWidth()) * region.getHeight() * dst.getTile().getPixelFormat().getComps() >=
-          MIN_COMPONENTS_FOR_PAIRS) {
-    pairs = makePairTable(lut);
-    args._pairs = pairs.data();
+  if (lut.getOutputDepth() == IxPixelFormat::UINT8 && lut.getInputDepth() == IxPixelFormat::UINT8) {
+    GeRectangle<int> const region = IxPixelIterBase::clipRegion(dst.getPixelRegion(), dstRegion);
+    if (IpLutPaths::isWideEnabled()) {
+      args._wide = true;
+    } else if (std::int64_t(region.getWidth()) * region.getHeight() * dst.getTile().getPixelFormat().getComps() >=
+               MIN_COMPONENTS_FOR_PAIRS) {
+      pairs = makePairTable(lut);
+      args._pairs = pairs.data();
+    }
   }
   ixPixelLoopDstcompDstdepthSrcdepth<IpApplyOneLutFunctor>(dst, dstRegion, ORDER_H_XPOS_YPOS, src, srcRegion,
                                                            ORDER_H_XPOS_YPOS, args);

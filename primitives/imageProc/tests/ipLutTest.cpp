@@ -6,7 +6,9 @@
 #include <orn/primitives/imageProc/ixLutUtils.h>
 
 #include <cmath>
+#include <random>
 
+#include "../src/ipLutPaths.h"
 #include "ipOperatorTestUtil.h"
 
 using namespace OrnTest;
@@ -38,6 +40,16 @@ IxGenericLut floatTable(IxPixelFormat::Depth out, F f) {
   return lut;
 }
 
+// Sets the wide loops of the lookup-table operators for the scope of a test.
+class ScopedWide {
+ public:
+  explicit ScopedWide(bool enabled) : _previous(IpLutPaths::setWideEnabled(enabled)) {}
+  ~ScopedWide() { IpLutPaths::setWideEnabled(_previous); }
+
+ private:
+  bool const _previous;
+};
+
 }  // namespace
 
 TEST(IpLut, ByteTablesAndTheAlphaOfEachForm) {
@@ -56,15 +68,19 @@ TEST(IpLut, ByteTablesAndTheAlphaOfEachForm) {
       EXPECT_EQ(getRaw(dst, x, y, 1), getRaw(src, x, y, 1));
       EXPECT_EQ(getRaw(dst, x, y, 3), getRaw(src, x, y, 3));
     }
-  // A call of a million components and more maps bytes in pairs; the result is the same.
+  // A call of a million components and more maps bytes in pairs when the wide loop is off; the
+  // result is the same.
   IxTile const big = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1023, 0, 257));
-  IxTile const bigOut = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1023, 0, 257));
   fillPattern(big, 4);
   IxGenericLut const scramble = byteTable([](int i) { return (i * 37 + 11) & 0xFF; });
-  ipLutApply(IxWriteGuard(bigOut), IxReadGuard(big), scramble, nullptr, nullptr);
-  for (int y = 0; y < 257; y += 64)
-    for (int x = 0; x < 1023; ++x)
-      for (int c = 0; c < 4; ++c) ASSERT_EQ(getRaw(bigOut, x, y, c), (getRaw(big, x, y, c) * 37 + 11) & 0xFF);
+  for (bool const wide : {true, false}) {
+    ScopedWide const scope(wide);
+    IxTile const bigOut = makeTile(4, IxPixelFormat::UINT8, GeRectangle<int>(0, 1023, 0, 257));
+    ipLutApply(IxWriteGuard(bigOut), IxReadGuard(big), scramble, nullptr, nullptr);
+    for (int y = 0; y < 257; y += 64)
+      for (int x = 0; x < 1023; ++x)
+        for (int c = 0; c < 4; ++c) ASSERT_EQ(getRaw(bigOut, x, y, c), (getRaw(big, x, y, c) * 37 + 11) & 0xFF);
+  }
   // Three components, and a region clipped to the tiles.
   IxTile const rgb = makeTile(3, IxPixelFormat::UINT8, REGION), rgbOut = makeTile(3, IxPixelFormat::UINT8, REGION);
   fillPattern(rgb, 2);
@@ -156,4 +172,45 @@ TEST(IpLut, HalfSourcesAndMismatchedTablesAreRefusedBeforeAnyPixelChanges) {
             "lut.getOutputDepth() == dst.getTile().getPixelFormat().getDepth() && "
             "lut.getInputDepth() == src.getTile().getPixelFormat().getDepth()");
   EXPECT_EQ(snapshot(dst), before);
+}
+
+// Rows of every length up to a few blocks of the wide loop, at odd byte addresses, with a stride
+// wider than the row, in place and not: the bytes are the table's entries on every loop.
+TEST(IpLut, ByteRowsOfAnyLengthAndAddressMatchTheTableOnEveryLoop) {
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> byte(0, 255);
+  IxGenericLut const lut = byteTable([&](int) { return byte(random); });
+  std::uint8_t const* const table = static_cast<std::uint8_t const*>(lut.getTable());
+  for (bool const wide : {true, false}) {
+    ScopedWide const scope(wide);
+    for (int comps : {1, 3, 4}) {
+      GeRectangle<int> const tileRegion(0, 80, 0, 3);
+      int const rowBytes = 80 * comps + 13;
+      IxTile const src = makeTile(comps, IxPixelFormat::UINT8, tileRegion, rowBytes);
+      for (int y = 0; y < 3; ++y)
+        for (int x = 0; x < 80; ++x)
+          for (int c = 0; c < comps; ++c) setRaw(src, x, y, c, std::uint32_t(byte(random)));
+      for (int x1 = 0; x1 < 4; ++x1)
+        for (int width = 0; x1 + width <= 80; width += (width < 20 ? 1 : 7)) {
+          GeRectangle<int> const part(x1, x1 + width, 1, 3);
+          IxTile const dst = makeTile(comps, IxPixelFormat::UINT8, tileRegion, rowBytes);
+          fillPattern(dst, width);
+          IxTile const before = copyOf(dst);
+          ipLutApply(IxWriteGuard(dst), IxReadGuard(src), lut, &part, &part);
+          for (int y = 0; y < 3; ++y)
+            for (int x = 0; x < 80; ++x)
+              for (int c = 0; c < comps; ++c) {
+                bool const inside = x >= x1 && x < x1 + width && y >= 1;
+                ASSERT_EQ(getRaw(dst, x, y, c), inside ? table[getRaw(src, x, y, c)] : getRaw(before, x, y, c))
+                    << wide << " " << comps << " " << x1 << " " << width << " " << x << " " << y;
+              }
+        }
+      // In place: each byte is read before its result is written.
+      IxTile const inPlace = copyOf(src);
+      ipLutApply(IxWriteGuard(inPlace), IxReadGuard(inPlace), lut, nullptr, nullptr);
+      for (int y = 0; y < 3; ++y)
+        for (int x = 0; x < 80; ++x)
+          for (int c = 0; c < comps; ++c) ASSERT_EQ(getRaw(inPlace, x, y, c), table[getRaw(src, x, y, c)]);
+    }
+  }
 }
