@@ -14,6 +14,7 @@
 #include <orn/pluginAPI/ixWriteGuard.h>
 #include <orn/primitives/imageProc/ixGenericLut.h>
 
+#include "ipLutPaths.h"
 #include "ipStoreUtil.h"
 
 #include <emmintrin.h>
@@ -111,7 +112,7 @@ class PrecombinedTable {
  public:
   template <class Red, class Green, class Blue, class Alpha>
   PrecombinedTable(ScaledMatrix const& m, Red red, Green green, Blue blue, Alpha alpha)
-      : _memory(new unsigned char[256 * 4 * sizeof(__m128) + 16]) {
+      : _memory(new unsigned char[256 * 4 * sizeof(__m128) + 16]), _wide(IpLutPaths::isWideEnabled()) {
     // 16 bytes beyond the blocks leave room to start them on a 16-byte boundary.
     std::uintptr_t const address = reinterpret_cast<std::uintptr_t>(_memory.get());
     _entries = reinterpret_cast<__m128*>((address + 15) & ~std::uintptr_t(15));
@@ -122,6 +123,10 @@ class PrecombinedTable {
       _entries[512 + i] = _mm_setr_ps(m.m[0][2] * b, m.m[1][2] * b, m.m[2][2] * b, 0.f);
       _entries[768 + i] = _mm_setr_ps(0.f, 0.f, 0.f, m.alpha * alpha(i));
     }
+    // The alpha lane of the red, green and blue entries is 0, so a pixel's alpha byte depends on
+    // its alpha byte alone: the wide loop looks it up, already summed and stored, in a byte table.
+    if (_wide)
+      for (int i = 0; i < 256; ++i) _alphaBytes[i] = std::uint8_t(std::uint32_t(_mm_cvtsi128_si32(sum4(0, 0, 0, std::uint8_t(i)))) >> 24);
   }
 
   // Four bytes of the pixel (r, g, b, a) in the low 32 bits.
@@ -138,6 +143,13 @@ class PrecombinedTable {
   void runRgba(std::int32_t n, std::uint8_t* out, std::uint8_t const* in) const {
     __m128 const* const e = _entries;
     std::int32_t i = 0;
+    if (_wide) {
+      // The colour lanes of the alpha entries are 0: leaving them out of the colour sums changes
+      // at most the sign of a zero sum, which truncates to the same byte.
+      IpLutPaths::RgbaMatrixTables const tables{reinterpret_cast<float const*>(e), reinterpret_cast<float const*>(e + 256),
+                                                reinterpret_cast<float const*>(e + 512), _alphaBytes};
+      i = IpLutPaths::matrixRgbaWide(tables, out, in, n);
+    }
     for (; i + 2 <= n; i += 2) {
       if ((i & 15) == 0) _mm_prefetch(reinterpret_cast<char const*>(in + 4 * i + 512), _MM_HINT_T0);
       std::uint64_t w;
@@ -174,6 +186,8 @@ class PrecombinedTable {
 
   std::unique_ptr<unsigned char[]> _memory;
   __m128* _entries;
+  bool const _wide;
+  std::uint8_t _alphaBytes[256];
 };
 
 }  // namespace IpLutStages

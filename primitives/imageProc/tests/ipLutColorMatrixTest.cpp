@@ -5,7 +5,9 @@
 #include <orn/primitives/imageProc/ipLutGammaColorMatrix.h>
 
 #include <cmath>
+#include <random>
 
+#include "../src/ipLutPaths.h"
 #include "ipOperatorTestUtil.h"
 
 using namespace OrnTest;
@@ -33,6 +35,23 @@ GeProjectiveMatrix3<float> colourMatrix(float const (&rows)[4][4]) {
   for (int i = 0; i < 4; ++i)
     for (int j = 0; j < 4; ++j) m.getData()[4 * j + i] = rows[i][j];
   return m;
+}
+
+// Sets the wide loops of the lookup-table operators for the scope of a test.
+class ScopedWide {
+ public:
+  explicit ScopedWide(bool enabled) : _previous(IpLutPaths::setWideEnabled(enabled)) {}
+  ~ScopedWide() { IpLutPaths::setWideEnabled(_previous); }
+
+ private:
+  bool const _previous;
+};
+
+// A stored byte of the 8-bit matrix path: truncation to a 32-bit integer (out of range and NaN
+// giving the lowest integer), then saturation to 0..255.
+std::uint32_t storedByte(float v) {
+  if (!(v > -2147483648.f && v < 2147483648.f)) return 0;
+  return std::uint32_t(std::clamp(std::int64_t(v), std::int64_t(0), std::int64_t(255)));
 }
 
 float const MIX[4][4] = {{0.5f, 0.25f, 0.f, 0.1f}, {0.f, 1.f, -0.5f, 0.f}, {1.f, 0.f, 2.f, -0.25f}, {0.f, 0.f, 0.f, 0.5f}};
@@ -142,4 +161,93 @@ TEST(IpLutGammaColorMatrix, StagesRunLookupPowerMatrixAndBytesClamp) {
   EXPECT_EQ(getValue(fdst, 0, 0, 0), 0.f);
   EXPECT_NEAR(getValue(fdst, 0, 0, 1), 3.f * 0.0625f, 1e-5f);
   EXPECT_NEAR(getValue(fdst, 0, 0, 2), 12.f, 1e-3f);
+}
+
+// The 8-bit path on random tables, matrices and pixels, against the sums written out here: the
+// matrix copy scaled to 0..255 on both sides, each channel summed as red term plus (green term plus
+// (blue term plus 0)), alpha as the alpha element times the alpha value. Rows of every length
+// around the 16-pixel blocks of the wide loop, at shifted starts, with a stride, in place, on both
+// loops; a matrix whose sums overflow the integers is only compared between the two loops.
+TEST(IpLutColorMatrix, BytePathMatchesItsSumsOnEveryLoop) {
+  std::mt19937 random(11);
+  std::uniform_int_distribution<int> byte(0, 255);
+  std::uniform_real_distribution<float> element(-1.5f, 1.5f);
+  IxGenericLut tables[3] = {identity8(), identity8(), identity8()};
+  for (IxGenericLut& lut : tables)
+    for (int i = 0; i < 256; ++i) static_cast<std::uint8_t*>(lut.getTable())[i] = std::uint8_t(byte(random));
+  GeRectangle<int> const tileRegion(0, 40, 0, 3);
+  for (int trial = 0; trial < 4; ++trial) {
+    float rows[4][4] = {};
+    for (int i = 0; i < 4; ++i)
+      for (int j = 0; j < 4; ++j) rows[i][j] = element(random);
+    if (trial == 2) {
+      // Red is 102 plus two terms about half a unit in the last place of 102, of opposite signs:
+      // whether a sum stays at 102 or drops below depends on the order of the additions.
+      float const tiny[4] = {0.f, 1.4e-8f, -2.4e-8f, 0.4f};
+      std::copy(tiny, tiny + 4, rows[0]);
+    }
+    bool const overflow = trial == 3;
+    if (overflow) rows[1][2] = 3e7f;
+    GeProjectiveMatrix3<float> const matrix = colourMatrix(rows);
+    float m[3][3], t[3];
+    for (int i = 0; i < 3; ++i) {
+      for (int j = 0; j < 3; ++j) m[i][j] = (rows[i][j] * 255.f) * 0.003921569f;
+      t[i] = rows[i][3] * 255.f;
+    }
+    for (int comps : {3, 4}) {
+      IxTile const src = makeTile(comps, IxPixelFormat::UINT8, tileRegion, 40 * comps + 12);
+      for (int y = 0; y < 3; ++y)
+        for (int x = 0; x < 40; ++x)
+          for (int c = 0; c < comps; ++c) setRaw(src, x, y, c, std::uint32_t(byte(random)));
+      for (bool const oneTable : {true, false}) {
+        auto lookup = [&](int c, std::uint32_t v) {
+          return float(static_cast<std::uint8_t const*>(tables[oneTable ? 0 : c].getTable())[v]);
+        };
+        auto expected = [&](int x, int y, int c) {
+          float const l[3] = {lookup(0, getRaw(src, x, y, 0)), lookup(1, getRaw(src, x, y, 1)),
+                              lookup(2, getRaw(src, x, y, 2))};
+          if (c < 3) return storedByte((m[c][0] * l[0] + t[c]) + ((m[c][1] * l[1]) + ((m[c][2] * l[2]) + 0.f)));
+          std::uint32_t const a = getRaw(src, x, y, 3);
+          return storedByte(rows[3][3] * (oneTable ? lookup(0, a) : float(a)));
+        };
+        auto run = [&](IxTile const& dst, IxTile const& in, GeRectangle<int> const* part) {
+          if (oneTable)
+            ipLutColorMatrix(IxWriteGuard(dst), IxReadGuard(in), matrix, tables[0], part, part);
+          else
+            ipLutColorMatrix(IxWriteGuard(dst), IxReadGuard(in), matrix, tables[0], tables[1], tables[2], part, part);
+        };
+        for (int x1 = 0; x1 < 3; ++x1)
+          for (int width = 0; x1 + width <= 40; width += (width < 34 ? 1 : 5)) {
+            GeRectangle<int> const part(x1, x1 + width, 1, 3);
+            std::vector<std::uint32_t> outputs[2];
+            for (bool const wide : {true, false}) {
+              ScopedWide const scope(wide);
+              IxTile const dst = makeTile(comps, IxPixelFormat::UINT8, tileRegion, 40 * comps + 12);
+              fillPattern(dst, width);
+              IxTile const before = copyOf(dst);
+              run(dst, src, &part);
+              outputs[wide] = snapshot(dst);
+              for (int y = 0; y < 3; ++y)
+                for (int x = 0; x < 40; ++x)
+                  for (int c = 0; c < comps; ++c) {
+                    bool const inside = x >= x1 && x < x1 + width && y >= 1;
+                    if (!inside) {
+                      ASSERT_EQ(getRaw(dst, x, y, c), getRaw(before, x, y, c));
+                    } else if (!overflow) {
+                      ASSERT_EQ(getRaw(dst, x, y, c), expected(x, y, c))
+                          << trial << " " << comps << " " << oneTable << " " << wide << " " << x << " " << y << " " << c;
+                    }
+                  }
+            }
+            ASSERT_EQ(outputs[0], outputs[1]) << trial << " " << comps << " " << oneTable << " " << width;
+          }
+        // In place, every pixel read before it is written.
+        IxTile const inPlace = copyOf(src);
+        run(inPlace, inPlace, nullptr);
+        for (int y = 0; y < 3; ++y)
+          for (int x = 0; x < 40; ++x)
+            for (int c = 0; c < comps && !overflow; ++c) ASSERT_EQ(getRaw(inPlace, x, y, c), expected(x, y, c));
+      }
+    }
+  }
 }
