@@ -159,11 +159,12 @@ void ipLutApply(IxWriteGuard const& dst, IxReadGuard const& src, IxGenericLut co
   IpApplyOneLutFunctorArgs args(lut);
   std::vector<std::uint16_t> pairs;
   if (lut.getOutputDepth() == IxPixelFormat::UINT8 && lut.getInputDepth() == IxPixelFormat::UINT8) {
+    // The wide loop keeps the whole table in registers; the pair table only serves the narrow one.
+    args._wide = IpLutPaths::isWideEnabled();
     GeRectangle<int> const region = IxPixelIterBase::clipRegion(dst.getPixelRegion(), dstRegion);
-    if (IpLutPaths::isWideEnabled()) {
-      args._wide = true;
-    } else if (std::int64_t(region.getWidth()) * region.getHeight() * dst.getTile().getPixelFormat().getComps() >=
-               MIN_COMPONENTS_FOR_PAIRS) {
+    if (!args._wide && std::int64_t(region.getWidth()) * region.getHeight() *
+                               dst.getTile().getPixelFormat().getComps() >=
+                           MIN_COMPONENTS_FOR_PAIRS) {
       pairs = makePairTable(lut);
       args._pairs = pairs.data();
     }

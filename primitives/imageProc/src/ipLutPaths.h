@@ -1,7 +1,7 @@
 #pragma once
 // Wide loops of the 8-bit lookup-table operators, for processors with AVX-512 byte permutes
-// (AVX512BW and AVX512VBMI). They give the bytes of the SSE2 and scalar loops exactly. Turning them
-// off lets the narrow loops be checked on any machine.
+// (AVX512BW and AVX512VBMI, with BMI2 and FMA). They give the bytes of the SSE2 and scalar loops
+// exactly. Turning them off lets the narrow loops be checked on any machine.
 
 #include <cstdint>
 

@@ -126,7 +126,8 @@ class PrecombinedTable {
     // The alpha lane of the red, green and blue entries is 0, so a pixel's alpha byte depends on
     // its alpha byte alone: the wide loop looks it up, already summed and stored, in a byte table.
     if (_wide)
-      for (int i = 0; i < 256; ++i) _alphaBytes[i] = std::uint8_t(std::uint32_t(_mm_cvtsi128_si32(sum4(0, 0, 0, std::uint8_t(i)))) >> 24);
+      for (int i = 0; i < 256; ++i)
+        _alphaBytes[i] = std::uint8_t(std::uint32_t(_mm_cvtsi128_si32(sum4(0, 0, 0, std::uint8_t(i)))) >> 24);
   }
 
   // Four bytes of the pixel (r, g, b, a) in the low 32 bits.
@@ -146,7 +147,8 @@ class PrecombinedTable {
     if (_wide) {
       // The colour lanes of the alpha entries are 0: leaving them out of the colour sums changes
       // at most the sign of a zero sum, which truncates to the same byte.
-      IpLutPaths::RgbaMatrixTables const tables{reinterpret_cast<float const*>(e), reinterpret_cast<float const*>(e + 256),
+      IpLutPaths::RgbaMatrixTables const tables{reinterpret_cast<float const*>(e),
+                                                reinterpret_cast<float const*>(e + 256),
                                                 reinterpret_cast<float const*>(e + 512), _alphaBytes};
       i = IpLutPaths::matrixRgbaWide(tables, out, in, n);
     }

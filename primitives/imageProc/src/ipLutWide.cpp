@@ -24,8 +24,8 @@ namespace {
 bool wideAvailable() {
   static bool const available = [] {
     __builtin_cpu_init();
-    return __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vbmi") && __builtin_cpu_supports("bmi2") &&
-           __builtin_cpu_supports("fma");
+    return __builtin_cpu_supports("avx512bw") && __builtin_cpu_supports("avx512vbmi") &&
+           __builtin_cpu_supports("bmi2") && __builtin_cpu_supports("fma");
   }();
   return available;
 }
@@ -84,7 +84,8 @@ ORN_TARGET_LUT_WIDE inline __m128 entry(float const* table, std::uint32_t offset
 }
 
 // Truncated sums of the colour of one pixel, as four 32-bit lanes (the fourth being unused).
-ORN_TARGET_LUT_WIDE inline __m128i colourOf(IpLutPaths::RgbaMatrixTables const& t, Shifts const& s, std::uint32_t pixel) {
+ORN_TARGET_LUT_WIDE inline __m128i colourOf(IpLutPaths::RgbaMatrixTables const& t, Shifts const& s,
+                                            std::uint32_t pixel) {
   // Entries are 16 bytes: the offsets are the bytes times 16.
   __m128 const red = entry(t.red, (pixel << s.four) & 0xFF0);
   __m128 const green = entry(t.green, (pixel >> s.four) & 0xFF0);
@@ -115,7 +116,8 @@ ORN_TARGET_LUT_WIDE std::int32_t matrixRgba(IpLutPaths::RgbaMatrixTables const& 
     std::uint8_t const* const block = in + 4 * i;
     // Every byte goes through the alpha table; only the alpha bytes are kept.
     __m512i const alphas = lookup64(alpha, _mm512_loadu_si512(block));
-    __m256i const low = _mm256_inserti128_si256(_mm256_castsi128_si256(colourOf4(t, s, block)), colourOf4(t, s, block + 16), 1);
+    __m256i const low =
+        _mm256_inserti128_si256(_mm256_castsi128_si256(colourOf4(t, s, block)), colourOf4(t, s, block + 16), 1);
     __m256i const high =
         _mm256_inserti128_si256(_mm256_castsi128_si256(colourOf4(t, s, block + 32)), colourOf4(t, s, block + 48), 1);
     __m512i const colours = _mm512_inserti64x4(_mm512_castsi256_si512(low), high, 1);

@@ -235,7 +235,8 @@ TEST(IpLutColorMatrix, BytePathMatchesItsSumsOnEveryLoop) {
                       ASSERT_EQ(getRaw(dst, x, y, c), getRaw(before, x, y, c));
                     } else if (!overflow) {
                       ASSERT_EQ(getRaw(dst, x, y, c), expected(x, y, c))
-                          << trial << " " << comps << " " << oneTable << " " << wide << " " << x << " " << y << " " << c;
+                          << trial << " " << comps << " " << oneTable << " " << wide << " " << x << " " << y << " "
+                          << c;
                     }
                   }
             }
