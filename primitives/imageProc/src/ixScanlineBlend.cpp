@@ -335,10 +335,24 @@ void blendFloats8(float* d, float const* a, float const* b, int x, int end) {
   for (; x < end; ++x) d[x] = Op::apply(a[x], b[x]);
 }
 
-// Two pixels per step; an odd last pixel goes the four-wide way.
+template <class Op8, bool AlphaFromB>
+inline void blendTwoPixels(Rgba* d, Rgba const* a, Rgba const* b) {
+  float* const out = &d->r;
+  F8 const pb = load(&b->r);
+  F8 const colour = Op8::apply(load(&a->r), pb);
+  __m256 const keep = AlphaFromB ? pb.v : _mm256_loadu_ps(out);
+  _mm256_storeu_ps(out, _mm256_blend_ps(colour.v, keep, 0x88));
+}
+
+// Four pixels per step as two independent vectors, so the latencies of the slower modes
+// overlap; then two, and an odd last pixel goes the four-wide way.
 template <class Op, class Op8, bool AlphaFromB>
 void blendRgba8(Rgba* d, Rgba const* a, Rgba const* b, int n) {
   int i = 0;
+  for (; i + 4 <= n; i += 4) {
+    blendTwoPixels<Op8, AlphaFromB>(d + i, a + i, b + i);
+    blendTwoPixels<Op8, AlphaFromB>(d + i + 2, a + i + 2, b + i + 2);
+  }
   for (; i + 2 <= n; i += 2) {
     float* const out = &d[i].r;
     F8 const pb = load(&b[i].r);
