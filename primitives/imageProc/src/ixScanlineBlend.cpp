@@ -82,17 +82,11 @@ struct Lane<F4> {
   static F4 max(F4 x, F4 y) { return {_mm_max_ps(y.v, x.v)}; }
   static F4 abs(F4 x) { return {_mm_andnot_ps(_mm_set1_ps(-0.0f), x.v)}; }
   static F4 sqrt(F4 x) { return {_mm_sqrt_ps(x.v)}; }
-  // The relative zero test of FloatUtil: m = |x| (0 when infinite or NaN), e = m * epsilon;
-  // zero when x > 0 and e >= x, or when x <= 0 (or NaN) and e + x >= 0.
-  static M4 isRelZero(F4 x) {
-    __m128 const m = abs(x).v;
-    __m128 const finite = _mm_cmplt_ps(m, _mm_set1_ps(INFINITY));  // false for inf and NaN
-    __m128 const e = _mm_mul_ps(_mm_and_ps(finite, m), _mm_set1_ps(FloatUtil::getEpsilon<float>()));
-    __m128 const positive = _mm_cmpgt_ps(x.v, _mm_setzero_ps());
-    __m128 const smallPositive = _mm_and_ps(positive, _mm_cmpge_ps(e, x.v));
-    __m128 const smallOther = _mm_andnot_ps(positive, _mm_cmpge_ps(_mm_add_ps(e, x.v), _mm_setzero_ps()));
-    return {_mm_or_ps(smallPositive, smallOther)};
-  }
+  // The relative zero test of FloatUtil reduces to x == 0 (either sign, or a denormal read as
+  // zero): under round-to-nearest, e = |x| * epsilon is below |x| for every other finite x, so
+  // neither e >= x for a positive x nor e + x >= 0 for a negative one can hold, and NaN and the
+  // infinities fail both.
+  static M4 isRelZero(F4 x) { return {_mm_cmpeq_ps(x.v, _mm_setzero_ps())}; }
   // Each half widened to double, combined there and rounded once, as the scalar form does.
   static F4 screen(F4 a, F4 b) {
     __m128 const limit = _mm_min_ps(_mm_set1_ps(1.0f), b.v);  // 1 < b ? 1 : b, so a NaN b stays
@@ -298,16 +292,8 @@ struct Lane<F8> {
   static F8 max(F8 x, F8 y) { return {_mm256_max_ps(y.v, x.v)}; }
   static F8 abs(F8 x) { return {_mm256_andnot_ps(_mm256_set1_ps(-0.0f), x.v)}; }
   static F8 sqrt(F8 x) { return {_mm256_sqrt_ps(x.v)}; }
-  static M8 isRelZero(F8 x) {
-    __m256 const zero = _mm256_setzero_ps();
-    __m256 const m = abs(x).v;
-    __m256 const finite = _mm256_cmp_ps(m, _mm256_set1_ps(INFINITY), _CMP_LT_OQ);
-    __m256 const e = _mm256_mul_ps(_mm256_and_ps(finite, m), _mm256_set1_ps(FloatUtil::getEpsilon<float>()));
-    __m256 const positive = _mm256_cmp_ps(x.v, zero, _CMP_GT_OQ);
-    __m256 const smallPositive = _mm256_and_ps(positive, _mm256_cmp_ps(e, x.v, _CMP_GE_OQ));
-    __m256 const smallOther = _mm256_andnot_ps(positive, _mm256_cmp_ps(_mm256_add_ps(e, x.v), zero, _CMP_GE_OQ));
-    return {_mm256_or_ps(smallPositive, smallOther)};
-  }
+  // As for four lanes: x == 0.
+  static M8 isRelZero(F8 x) { return {_mm256_cmp_ps(x.v, _mm256_setzero_ps(), _CMP_EQ_OQ)}; }
   static __m128 screenHalf(__m128 a, __m128 b, __m128 limit) {
     __m256d const ad = _mm256_cvtps_pd(a);
     __m256d const bd = _mm256_cvtps_pd(b);
