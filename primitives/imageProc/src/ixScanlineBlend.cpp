@@ -294,17 +294,18 @@ struct Lane<F8> {
   static F8 sqrt(F8 x) { return {_mm256_sqrt_ps(x.v)}; }
   // As for four lanes: x == 0.
   static M8 isRelZero(F8 x) { return {_mm256_cmp_ps(x.v, _mm256_setzero_ps(), _CMP_EQ_OQ)}; }
-  static __m128 screenHalf(__m128 a, __m128 b, __m128 limit) {
+  // b + a * (1 - min(b, 1)) on four lanes widened to double. The min is taken after widening,
+  // which is exact and picks the same value (b when b is NaN), and saves a conversion.
+  static __m128 screenHalf(__m128 a, __m128 b) {
+    __m256d const one = _mm256_set1_pd(1.0);
     __m256d const ad = _mm256_cvtps_pd(a);
     __m256d const bd = _mm256_cvtps_pd(b);
-    __m256d const ld = _mm256_cvtps_pd(limit);
-    return _mm256_cvtpd_ps(_mm256_add_pd(bd, _mm256_mul_pd(ad, _mm256_sub_pd(_mm256_set1_pd(1.0), ld))));
+    __m256d const ld = _mm256_min_pd(one, bd);
+    return _mm256_cvtpd_ps(_mm256_add_pd(bd, _mm256_mul_pd(ad, _mm256_sub_pd(one, ld))));
   }
   static F8 screen(F8 a, F8 b) {
-    __m256 const limit = _mm256_min_ps(_mm256_set1_ps(1.0f), b.v);
-    __m128 const low = screenHalf(_mm256_castps256_ps128(a.v), _mm256_castps256_ps128(b.v), _mm256_castps256_ps128(limit));
-    __m128 const high = screenHalf(_mm256_extractf128_ps(a.v, 1), _mm256_extractf128_ps(b.v, 1),
-                                   _mm256_extractf128_ps(limit, 1));
+    __m128 const low = screenHalf(_mm256_castps256_ps128(a.v), _mm256_castps256_ps128(b.v));
+    __m128 const high = screenHalf(_mm256_extractf128_ps(a.v, 1), _mm256_extractf128_ps(b.v, 1));
     return {_mm256_insertf128_ps(_mm256_castps128_ps256(low), high, 1)};
   }
 };
