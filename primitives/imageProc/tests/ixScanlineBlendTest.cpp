@@ -245,27 +245,35 @@ void checkScanlinesAgainstScalar() {
         ASSERT_TRUE(sameValue(d[x], expected)) << "x " << x << " a " << a[x] << " b " << b[x] << " got " << d[x];
       }
     }
-    for (bool alpha : {false, true}) {
-      GeInterval<int> const xs(10, 10 + n);
-      IxScanline<Rgba> a(xs, rgbaA.data(), padRgba);
-      IxScanline<Rgba> b(xs, rgbaB.data(), padRgba);
-      IxScanline<Rgba> d(xs, rgbaD.data(), padRgba);
-      std::vector<float> const va = randomValues(rng, 4 * n), vb = randomValues(rng, 4 * n);
-      for (int i = 0; i < n; ++i) {
-        std::size_t const k = 4 * std::size_t(i);
-        rgbaA[std::size_t(i)] = Rgba(va[k], va[k + 1], va[k + 2], va[k + 3]);
-        rgbaB[std::size_t(i)] = Rgba(vb[k], vb[k + 1], vb[k + 2], vb[k + 3]);
-        rgbaD[std::size_t(i)] = Rgba(42.f, 42.f, 42.f, float(i));
+    // RGBA: the first pixel of the range on either half of a 32-byte line, and an odd count.
+    for (int start : {0, 1, 2})
+      for (bool alpha : {false, true}) {
+        GeInterval<int> const xs(10, 10 + n);
+        IxScanline<Rgba> a(xs, rgbaA.data(), padRgba);
+        IxScanline<Rgba> b(xs, rgbaB.data(), padRgba);
+        IxScanline<Rgba> d(xs, rgbaD.data(), padRgba);
+        std::vector<float> const va = randomValues(rng, 4 * n), vb = randomValues(rng, 4 * n);
+        for (int i = 0; i < n; ++i) {
+          std::size_t const k = 4 * std::size_t(i);
+          rgbaA[std::size_t(i)] = Rgba(va[k], va[k + 1], va[k + 2], va[k + 3]);
+          rgbaB[std::size_t(i)] = Rgba(vb[k], vb[k + 1], vb[k + 2], vb[k + 3]);
+          rgbaD[std::size_t(i)] = Rgba(42.f, 42.f, 42.f, float(i));
+        }
+        GeInterval<int> const part(xs.min + start, xs.max - start);
+        mode.blend(d, a, b, start == 0 ? nullptr : &part, alpha);
+        for (int x = xs.min; x < xs.max; ++x) {
+          float const previousAlpha = float(x - xs.min);
+          if (!part.contains(x)) {
+            ASSERT_TRUE(d[x].r == 42.f && d[x].g == 42.f && d[x].b == 42.f && d[x].a == previousAlpha) << "x " << x;
+            continue;
+          }
+          Rgb const c = mode.blend(Rgb(a[x].r, a[x].g, a[x].b), Rgb(b[x].r, b[x].g, b[x].b));
+          float const expectedAlpha = alpha ? b[x].a : previousAlpha;
+          ASSERT_TRUE(sameValue(d[x].r, c.r) && sameValue(d[x].g, c.g) && sameValue(d[x].b, c.b) &&
+                      sameValue(d[x].a, expectedAlpha))
+              << "x " << x << " start " << start;
+        }
       }
-      mode.blend(d, a, b, nullptr, alpha);
-      for (int x = xs.min; x < xs.max; ++x) {
-        Rgb const c = mode.blend(Rgb(a[x].r, a[x].g, a[x].b), Rgb(b[x].r, b[x].g, b[x].b));
-        float const expectedAlpha = alpha ? b[x].a : float(x - xs.min);
-        ASSERT_TRUE(sameValue(d[x].r, c.r) && sameValue(d[x].g, c.g) && sameValue(d[x].b, c.b) &&
-                    sameValue(d[x].a, expectedAlpha))
-            << "x " << x;
-      }
-    }
   }
 }
 
